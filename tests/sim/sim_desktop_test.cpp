@@ -1,0 +1,278 @@
+#include "sim/sim_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include "client/vocabulary.h"
+#include "support/budget.h"
+
+namespace qc::sim {
+namespace {
+
+using test::PumpBudget;
+using test::VirtualTime;
+
+class SimDesktopTest : public ::testing::Test {
+ protected:
+  SimDesktop d;
+};
+
+TEST_F(SimDesktopTest, ClassesMatchWithoutCaseCaptionsExactly) {
+  Hwnd frame = d.NewWindow(0, "AOL Frame25", "America  Online");
+  Hwnd mdi = d.NewWindow(frame, "MDIClient");
+  EXPECT_EQ(d.FindWindowA("aol frame25", std::nullopt), frame);
+  EXPECT_EQ(d.FindWindowA("AOL Frame25", "America  Online"), frame);
+  EXPECT_EQ(d.FindWindowA("AOL Frame25", "America Online"), 0);
+  EXPECT_EQ(d.FindWindowA("AOL Frame25", "america  online"), 0);
+  EXPECT_EQ(d.FindWindowA(std::nullopt, "America  Online"), frame);
+  EXPECT_EQ(d.FindWindowExA(frame, 0, "MDICLIENT", std::nullopt), mdi);
+  EXPECT_EQ(d.FindWindowExA(frame, 0, "MDIClient", std::nullopt), mdi);
+  // An empty caption is a caption to match, not an absent one.
+  EXPECT_EQ(d.FindWindowExA(frame, 0, "MDIClient", ""), mdi);
+  EXPECT_EQ(d.FindWindowA("AOL Frame25", ""), 0);
+}
+
+TEST_F(SimDesktopTest, ChildHopsCountWithinTheClassAndRestartAfterZero) {
+  Hwnd bar = d.NewWindow(0, "_AOL_Toolbar");
+  Hwnd i1 = d.NewWindow(bar, "_AOL_Icon");
+  d.NewWindow(bar, "_AOL_Combobox");
+  Hwnd i2 = d.NewWindow(bar, "_AOL_Icon");
+  Hwnd i3 = d.NewWindow(bar, "_AOL_ICON");
+  EXPECT_EQ(d.FindWindowExA(bar, 0, "_AOL_Icon", std::nullopt), i1);
+  EXPECT_EQ(d.FindWindowExA(bar, i1, "_AOL_Icon", std::nullopt), i2);
+  EXPECT_EQ(d.FindWindowExA(bar, i2, "_AOL_Icon", std::nullopt), i3);
+  EXPECT_EQ(d.FindWindowExA(bar, i3, "_AOL_Icon", std::nullopt), 0);
+  // A hop from 0 starts at the first child again.
+  EXPECT_EQ(d.FindWindowExA(bar, 0, "_AOL_Icon", std::nullopt), i1);
+  // A childAfter that is not a child of parent finds nothing.
+  EXPECT_EQ(d.FindWindowExA(bar, bar, "_AOL_Icon", std::nullopt), 0);
+  // Parent 0 searches the top-level windows.
+  EXPECT_EQ(d.FindWindowExA(0, 0, "_aol_toolbar", std::nullopt), bar);
+  EXPECT_EQ(d.FindWindowExA(0, 0, "_AOL_Icon", std::nullopt), 0);
+  // A parent that is gone has no children.
+  d.DestroyWindow(bar);
+  EXPECT_EQ(d.FindWindowExA(bar, 0, "_AOL_Icon", std::nullopt), 0);
+  EXPECT_FALSE(d.Exists(i2));
+}
+
+TEST_F(SimDesktopTest, NewTopLevelWindowsAndFrontChildrenComeFirst) {
+  Hwnd a = d.NewWindow(0, "#32768", "", false);
+  Hwnd b = d.NewWindow(0, "#32768");
+  EXPECT_EQ(d.FindWindowA("#32768", std::nullopt), b);
+  Hwnd mdi = d.NewWindow(0, "MDIClient");
+  Hwnd c1 = d.NewWindow(mdi, "AOL Child", "one", true, true);
+  Hwnd c2 = d.NewWindow(mdi, "AOL Child", "two", true, true);
+  EXPECT_EQ(d.Children(mdi), (std::vector<Hwnd>{c2, c1}));
+  d.BringToTop(c1);
+  EXPECT_EQ(d.FindWindowExA(mdi, 0, "AOL Child", std::nullopt), c1);
+  d.BringToTop(a);
+  EXPECT_EQ(d.FindWindowA("#32768", std::nullopt), a);
+}
+
+TEST_F(SimDesktopTest, VisibilityFollowsAncestors) {
+  Hwnd top = d.NewWindow(0, "AOL Frame25");
+  Hwnd child = d.NewWindow(top, "AOL Child");
+  EXPECT_EQ(d.IsWindowVisible(child), 1);
+  EXPECT_EQ(d.ShowWindow(top, 0), 1);
+  EXPECT_EQ(d.IsWindowVisible(child), 0);
+  EXPECT_EQ(d.ShowWindow(top, 5), 0);
+  EXPECT_EQ(d.IsWindowVisible(child), 1);
+  EXPECT_EQ(d.IsWindowVisible(0), 0);
+  EXPECT_EQ(d.ShowWindow(0, 0), 0);
+}
+
+TEST_F(SimDesktopTest, TextMessagesAndCaptionReads) {
+  Hwnd w = d.NewWindow(0, "AOL Child", "Welcome, Bob!");
+  EXPECT_EQ(d.GetWindowTextLengthA(w), 13);
+  std::string buf(13, '\0');
+  EXPECT_EQ(d.GetWindowTextA(w, buf, 14), 13);
+  EXPECT_EQ(buf, "Welcome, Bob!");
+  // Room for maxCount - 1 characters and the NUL.
+  std::string small(10, '.');
+  EXPECT_EQ(d.GetWindowTextA(w, small, 5), 4);
+  EXPECT_EQ(small, std::string("Welc\0.....", 10));
+
+  std::int32_t zero = 0;
+  EXPECT_EQ(d.SendMessageA(w, aol::kWmGetTextLength, 0, LParam::Word(zero)), 13);
+  std::string out(13, '\0');
+  EXPECT_EQ(d.SendMessageA(w, aol::kWmGetText, 14, LParam::Buffer(out)), 13);
+  EXPECT_EQ(out, "Welcome, Bob!");
+  // Text is taken up to the first NUL; the empty text empties.
+  d.SendMessageA(w, aol::kWmSetText, 0, LParam::Text(std::string("ab\0cd", 5)));
+  EXPECT_EQ(d.TextOf(w), "ab");
+  d.SendMessageA(w, aol::kWmSetText, 0, LParam::Text(""));
+  EXPECT_EQ(d.TextOf(w), "");
+  // Messages to nothing give 0.
+  EXPECT_EQ(d.SendMessageA(0, aol::kWmGetTextLength, 0, LParam()), 0);
+  EXPECT_EQ(d.GetWindowTextLengthA(0), 0);
+}
+
+TEST_F(SimDesktopTest, MenusByPositionAndCommand) {
+  Hwnd frame = d.NewWindow(0, "AOL Frame25");
+  Hmenu bar = d.CreateMenu();
+  Hmenu file = d.CreateMenu();
+  d.AppendItem(file, 101, "&Open");
+  d.AppendSeparator(file);
+  Hmenu more = d.CreateMenu();
+  d.AppendItem(more, 201, "Deep entry");
+  d.AppendSubMenu(file, "&More", more);
+  d.AppendSubMenu(bar, "&File", file);
+  d.SetMenu(frame, bar);
+
+  EXPECT_EQ(d.GetMenu(frame), bar);
+  EXPECT_EQ(d.GetMenuItemCount(bar), 1);
+  EXPECT_EQ(d.GetMenuItemCount(0), -1);
+  EXPECT_EQ(d.GetSubMenu(bar, 0), file);
+  EXPECT_EQ(d.GetSubMenu(bar, 1), 0);
+  EXPECT_EQ(d.GetMenuItemID(file, 0), 101);
+  EXPECT_EQ(d.GetMenuItemID(file, 1), 0);    // separator
+  EXPECT_EQ(d.GetMenuItemID(file, 2), -1);   // opens a drop-down
+  EXPECT_EQ(d.GetMenuItemID(file, 3), -1);   // past the end
+  EXPECT_EQ(d.GetMenuItemID(file, -1), -1);
+
+  std::string text(100, ' ');
+  EXPECT_EQ(d.GetMenuStringA(file, 101, text, 100, 1), 5);
+  EXPECT_EQ(text, "&Open" + std::string(1, '\0') + std::string(94, ' '));
+  // By command, drop-downs are searched too.
+  std::string deep(100, ' ');
+  EXPECT_EQ(d.GetMenuStringA(bar, 201, deep, 100, 1), 10);
+  EXPECT_EQ(deep.substr(0, 10), "Deep entry");
+  // Not found: 0 and the buffer as it was.
+  std::string blank(100, ' ');
+  EXPECT_EQ(d.GetMenuStringA(file, -1, blank, 100, 1), 0);
+  EXPECT_EQ(blank, std::string(100, ' '));
+  // By position the entry's own text, drop-downs included.
+  std::string byPos(100, ' ');
+  EXPECT_EQ(d.GetMenuStringA(file, 2, byPos, 100, 0x400), 5);
+  EXPECT_EQ(byPos.substr(0, 5), "&More");
+}
+
+TEST_F(SimDesktopTest, PostedMessagesWaitForAPumpSentOnesAreHandledAtOnce) {
+  Hwnd w = d.NewWindow(0, "_AOL_Icon");
+  std::vector<std::string> got;
+  d.SetHandler(w, [&](const SimMessage& m) -> std::optional<std::int32_t> {
+    got.push_back((m.posted ? "p" : "s") + std::to_string(m.message));
+    if (m.message == 513 && m.posted) d.PostMessageA(w, 600, 0, LParam());
+    return 7;
+  });
+  EXPECT_EQ(d.PostMessageA(w, 513, 0, LParam()), 1);
+  EXPECT_EQ(d.PostMessageA(w, 514, 0, LParam()), 1);
+  EXPECT_TRUE(got.empty());
+  EXPECT_EQ(d.SendMessageA(w, 256, 32, LParam()), 7);
+  EXPECT_EQ(got, (std::vector<std::string>{"s256"}));
+  DoEvents();
+  // What a handler posts waits for the next pump.
+  EXPECT_EQ(got, (std::vector<std::string>{"s256", "p513", "p514"}));
+  DoEvents();
+  EXPECT_EQ(got.back(), "p600");
+  EXPECT_EQ(d.PendingMessages(), 0u);
+  // Posting to a window that is gone fails; queued messages of a destroyed window are dropped.
+  d.PostMessageA(w, 16, 0, LParam());
+  d.DestroyWindow(w);
+  EXPECT_EQ(d.PendingMessages(), 0u);
+  EXPECT_EQ(d.PostMessageA(w, 16, 0, LParam()), 0);
+}
+
+TEST_F(SimDesktopTest, WmCloseDestroysWithItsChildrenAndTellsObservers) {
+  Hwnd w = d.NewWindow(0, "_AOL_Modal");
+  Hwnd icon = d.NewWindow(w, "_AOL_Icon");
+  bool told = false;
+  d.OnDestroy(icon, [&] { told = !d.Exists(w); });
+  d.PostMessageA(w, aol::kWmClose, 0, LParam());
+  EXPECT_TRUE(d.Exists(w));
+  DoEvents();
+  EXPECT_FALSE(d.Exists(w));
+  EXPECT_FALSE(d.Exists(icon));
+  EXPECT_TRUE(told);
+  EXPECT_EQ(d.PathOf(w), "gone:" + std::to_string(w));
+}
+
+TEST_F(SimDesktopTest, TasksRunOnALaterPumpOnceTheirTimeHasCome) {
+  VirtualTime vt;
+  std::vector<int> ran;
+  d.Schedule(0, [&] { ran.push_back(1); });
+  d.Schedule(0.05, [&] { ran.push_back(3); });
+  d.Schedule(0.01, [&] { ran.push_back(2); });
+  EXPECT_TRUE(ran.empty());
+  DoEvents();
+  EXPECT_EQ(ran, (std::vector<int>{1}));
+  vt.clock().Advance(0.02);
+  DoEvents();
+  EXPECT_EQ(ran, (std::vector<int>{1, 2}));
+  PumpBudget budget(1000);
+  while (ran.size() < 3) WaitEvents();
+  EXPECT_GE(vt.clock().Now(), 12 * 3600.0 + 0.05);
+  // A task scheduled by a task waits for the next pump even with no delay.
+  d.Schedule(0, [&] { d.Schedule(0, [&] { ran.push_back(5); }); ran.push_back(4); });
+  DoEvents();
+  EXPECT_EQ(ran.back(), 4);
+  DoEvents();
+  EXPECT_EQ(ran.back(), 5);
+}
+
+TEST_F(SimDesktopTest, AProgramThatNeverPumpsStillLetsTheOtherProcessRun) {
+  Hwnd modal = d.NewWindow(0, "_AOL_Modal");
+  d.SetSliceEvery(10);
+  int closes = 0;
+  while (Hwnd m = d.FindWindowA("_AOL_Modal", std::nullopt)) {
+    d.PostMessageA(m, aol::kWmClose, 0, LParam());
+    ASSERT_LT(++closes, 100);
+  }
+  EXPECT_FALSE(d.Exists(modal));
+  EXPECT_GT(closes, 1);
+}
+
+TEST_F(SimDesktopTest, CursorIsClampedToTheScreen) {
+  EXPECT_EQ(d.ScreenWidthTwips(), 1024 * 15);
+  EXPECT_EQ(d.ScreenHeightTwips(), 768 * 15);
+  d.SetCursorPos(d.ScreenWidthTwips(), d.ScreenHeightTwips());
+  Point p;
+  d.GetCursorPos(p);
+  EXPECT_EQ(p, (Point{1023, 767}));
+  d.SetCursorPos(-5, 10);
+  EXPECT_EQ(d.Cursor(), (Point{0, 10}));
+}
+
+TEST_F(SimDesktopTest, TraceNamesTargetsByClassPathWithInstanceNumbers) {
+  Hwnd frame = d.NewWindow(0, "AOL Frame25", "America  Online");
+  Hwnd host = d.NewWindow(frame, "AOL Toolbar");
+  Hwnd bar = d.NewWindow(host, "_AOL_Toolbar");
+  d.NewWindow(bar, "_AOL_Icon");
+  d.NewWindow(bar, "_AOL_Combobox");
+  d.NewWindow(bar, "_AOL_Icon");
+  Hwnd i3 = d.NewWindow(bar, "_AOL_Icon");
+  std::int32_t zero = 0;
+  d.PostMessageA(i3, 513, 0, LParam());
+  d.SendMessageA(i3, 514, 0, LParam::Word(zero));
+  d.SendMessageA(frame, 12, 0, LParam::Text("x"));
+  std::string buf(4, '\0');
+  d.SendMessageA(frame, 13, 5, LParam::Buffer(buf));
+  d.FindWindowA("#32768", std::nullopt);
+  d.FindWindowExA(bar, 0, "_AOL_Icon", std::nullopt);
+  d.SetCursorPos(20000, 20000);
+  EXPECT_EQ(d.TraceText(),
+            "PostMessageA AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Icon#3 513 0 0\n"
+            "SendMessageA AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Icon#3 514 0 &0\n"
+            "SendMessageA AOL Frame25 12 0 \"x\"\n"
+            "SendMessageA AOL Frame25 13 5 buf[4]\n"
+            "FindWindowA \"#32768\" * -> 0\n"
+            "FindWindowExA AOL Frame25/AOL Toolbar/_AOL_Toolbar 0 \"_AOL_Icon\" * -> "
+            "AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Icon\n"
+            "SetCursorPos 20000,20000 -> 1023,767\n");
+  EXPECT_EQ(d.TraceLines(kTraceMessages).size(), 4u);
+  const TraceEntry& e = d.Trace().at(1);
+  EXPECT_EQ(e.window, i3);
+  EXPECT_EQ(e.lParamKind, LParam::Kind::kWord);
+
+  d.SetTraceLimit(2);
+  d.FindWindowA("a", std::nullopt);
+  EXPECT_EQ(d.Trace().size(), 2u);
+  std::vector<std::string> live;
+  d.SetTraceLimit(0);
+  d.SetTraceListener([&](const TraceEntry& t) { live.push_back(t.op); });
+  Point p;
+  d.GetCursorPos(p);
+  EXPECT_EQ(live, (std::vector<std::string>{"GetCursorPos"}));
+}
+
+}  // namespace
+}  // namespace qc::sim
