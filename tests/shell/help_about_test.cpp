@@ -1,0 +1,152 @@
+// Help boxes with their exact bytes, the about window, and the compiled artwork.
+#include <QApplication>
+#include <QImage>
+#include <QLabel>
+#include <QMouseEvent>
+#include <gtest/gtest.h>
+
+#include "app/core/secondary_window.h"
+#include "shell/frm_about.h"
+#include "shell/help.h"
+#include "shell/skin_art.h"
+#include "shell/skin_layout.h"
+#include "support/scripted_prompts.h"
+#include "qstring_print.h"
+
+namespace qc {
+namespace {
+
+TEST(HelpTest, BoxesHaveTheirTitlesAndStyles) {
+  test::ScriptedPrompts prompts;
+  ShowHowToUse();
+  ShowMailListTips();
+  ShowSubjectTips();
+  ShowBodyTips();
+  ShowContact();
+  ASSERT_EQ(prompts.boxes.size(), 5u);
+  const std::pair<const char*, int> want[] = {
+      {"how to use...", 4160}, {"tips!", 4160}, {"tips", 4160}, {"tips", 4160}, {"quillcast", 0}};
+  for (size_t i = 0; i < 5; ++i) {
+    EXPECT_EQ(prompts.boxes[i].title, want[i].first) << i;
+    EXPECT_EQ(prompts.boxes[i].flags, want[i].second) << i;
+  }
+  EXPECT_EQ(prompts.boxes[0].text, HowToUseText());
+  EXPECT_EQ(prompts.boxes[4].text, ContactText());
+}
+
+TEST(HelpTest, TextsUseCarriageReturnsOnly) {
+  for (const std::string& t :
+       {HowToUseText(), MailListTipsText(), SubjectTipsText(), BodyTipsText(), ContactText()}) {
+    EXPECT_EQ(t.find('\n'), std::string::npos);
+  }
+  EXPECT_EQ(BodyTipsText().find('\r'), std::string::npos);
+}
+
+TEST(HelpTest, HowToUseIsSixParagraphsSplitByBlankLines) {
+  const std::string t = HowToUseText();
+  EXPECT_EQ(t.substr(0, 56), "1. setup your 'mail list', 'subject lines' and 'body'.\r\r");
+  EXPECT_NE(t.find("the files that you've selected to be taged/uploaded.\r\r3. click on"),
+            std::string::npos);
+  EXPECT_NE(t.find("press 'enter'.\r\r5. just hit the 'start tagging' circle.\r\rto review this, "
+                   "just simply go to the 'file menu' triangle and 'how to use...'."),
+            std::string::npos);
+  EXPECT_EQ(t.back(), '.');
+  size_t breaks = 0;
+  for (char c : t) breaks += c == '\r';
+  EXPECT_EQ(breaks, 10u);
+}
+
+TEST(HelpTest, MailListTipsLineByLine) {
+  EXPECT_EQ(MailListTipsText(),
+            "mail listing tips:\r\r - to add more than 1 person at a time,\r   seperate the "
+            "names with comas or\r   parenthesis. example:\r      email, email2, email3\r      "
+            "or\r      (email)(email2)(email3)\r\r - to check if mailboxes arent full, go\r   to "
+            "'options' >> 'check and remove\r   full boxes'\r\r - to remove more than 1 name, "
+            "select\r   by holding SHIFT or CONTROL");
+}
+
+TEST(HelpTest, SubjectTipsHaveSixteenLinesAndNoBlankOne) {
+  const std::string t = SubjectTipsText();
+  EXPECT_EQ(t.find("\r\r"), std::string::npos);
+  size_t lines = 1;
+  for (char c : t) lines += c == '\r';
+  EXPECT_EQ(lines, 16u);
+  EXPECT_EQ(t.substr(0, 40), "editing subject lines with 'quill cast'\r");
+  EXPECT_NE(t.find("\r   fileName$\r   fileSize$\r   idTitle$\r   idArtist$\r   idAlbum$\r   "
+                   "idGenre$\rexample: ur subject line is:\r"),
+            std::string::npos);
+  EXPECT_EQ(t.substr(t.size() - 30), "\r[my group - ilona - miracles]");
+}
+
+TEST(HelpTest, ContactAndBodyTipsExact) {
+  EXPECT_EQ(ContactText(),
+            "my email address it brindle@quillcast.example. feel free to email me. please do not "
+            "ask about programing, help, or teaching. all emails with this content will be "
+            "deleted and not replyed to.");
+  EXPECT_EQ(BodyTipsText(),
+            "in your tag, in the file info, set these keys in. when the program is tagging the "
+            "email, it will replace it with the real name. like idTitle$ will be replaced with "
+            "'miracles' and idArtist$ will be replaced with 'ilona'");
+}
+
+TEST(AboutTest, ShowsTheFixedTextsAndTheLowerCasedHandle) {
+  QPointer<FrmAbout> slot;
+  FrmAbout* about = OpenAbout(slot, QStringLiteral("BrinDle ÄB"));
+  EXPECT_TRUE(about->isVisible());
+  EXPECT_FALSE(about->isModal());
+  EXPECT_TRUE(about->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+  EXPECT_EQ(about->Label1->text(), "QUILL CAST v.qc23e");
+  EXPECT_EQ(about->Label2->text(), "For all 32bit AOLs(aol 95, aol 5.0).");
+  EXPECT_EQ(about->Label7->text(), "Public Release 2 : Version qc23e :");
+  EXPECT_EQ(about->lblName->text(), "brindle äb");
+  EXPECT_FALSE(about->Image1->pixmap().isNull());
+  // A changed handle shows only at the next opening.
+  EXPECT_EQ(OpenAbout(slot, QStringLiteral("other")), about);
+  EXPECT_EQ(about->lblName->text(), "brindle äb");
+  delete about;
+}
+
+void PressOn(QWidget* w, Qt::MouseButton button) {
+  QMouseEvent e(QEvent::MouseButtonPress, QPointF(3, 3), w->mapToGlobal(QPointF(3, 3)), button,
+                button, Qt::NoModifier);
+  QApplication::sendEvent(w, &e);
+}
+
+TEST(AboutTest, AnyPressOnAnyPartUnloadsIt) {
+  for (const char* part : {"frmAbout", "Frame1", "Image1", "Label1", "Label2", "Label7",
+                           "lblName", "pnlAbout"}) {
+    for (Qt::MouseButton b : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+      QPointer<FrmAbout> slot;
+      OpenAbout(slot, QStringLiteral("h"));
+      QWidget* target = slot->objectName() == part ? slot.data()
+                                                   : slot->findChild<QWidget*>(part);
+      ASSERT_NE(target, nullptr) << part;
+      PressOn(target, b);
+      EXPECT_FALSE(slot->isVisible()) << part;
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      EXPECT_TRUE(slot.isNull()) << part;
+    }
+  }
+}
+
+TEST(SkinArtTest, PicturesHaveTheirSizesAndTheOutlineColourAtTheCorner) {
+  const QImage picture = SkinArt("picture1").toImage();
+  ASSERT_EQ(picture.size(), QSize(245, 136));
+  EXPECT_EQ(picture.pixel(0, 0) & 0xFFFFFF, skin::kTransparentRgb);
+  EXPECT_EQ(SkinArt("background").size(), QSize(244, 135));
+  for (const skin::ArtSize& a : skin::kArtSizes) {
+    EXPECT_EQ(ButtonArt(a.number).size(), QSize(a.width, a.height)) << "p" << a.number;
+  }
+  EXPECT_FALSE(SkinArt("title").isNull());
+  EXPECT_FALSE(SkinArt("logo").isNull());
+}
+
+TEST(SkinArtTest, TheOutlineLeavesTheLastRowAndColumnToTheBackground) {
+  // The background is one pixel narrower and shorter: nothing may show outside it.
+  const QImage picture = SkinArt("picture1").toImage();
+  for (int x = 0; x < 245; ++x) EXPECT_EQ(picture.pixel(x, 135) & 0xFFFFFF, skin::kTransparentRgb);
+  for (int y = 0; y < 136; ++y) EXPECT_EQ(picture.pixel(244, y) & 0xFFFFFF, skin::kTransparentRgb);
+}
+
+}  // namespace
+}  // namespace qc
