@@ -12,7 +12,10 @@ std::string FailureText(int number) {
     case kFileNotFound: return "File not found";
     case kFileAlreadyOpen: return "File already open";
     case kInputPastEndOfFile: return "Input past end of file";
+    case kBadRecordNumber: return "Bad record number";
     case kPathFileAccessError: return "Path/File access error";
+    case kInvalidPropertyValue: return "Invalid property value";
+    case kInvalidPropertyArrayIndex: return "Invalid property array index";
     default: return "Application-defined or object-defined error";
   }
 }

@@ -17,7 +17,10 @@ enum FailureNumber : int {
   kFileNotFound = 53,
   kFileAlreadyOpen = 55,
   kInputPastEndOfFile = 62,
+  kBadRecordNumber = 63,  // a positioned read or write before the file's start
   kPathFileAccessError = 75,
+  kInvalidPropertyValue = 380,
+  kInvalidPropertyArrayIndex = 381,
 };
 
 class RuntimeFailure : public std::runtime_error {
