@@ -231,6 +231,17 @@ void SimDesktop::SetMenu(Hwnd window, Hmenu menu) {
   }
 }
 
+void SimDesktop::SetItemText(Hmenu menu, std::int32_t position, const std::string& text) {
+  menus_.at(menu).items.at(static_cast<std::size_t>(position)).text = text;
+}
+
+void SimDesktop::TruncateMenu(Hmenu menu, std::int32_t count) {
+  auto& items = menus_.at(menu).items;
+  if (count >= 0 && static_cast<std::size_t>(count) < items.size()) {
+    items.resize(static_cast<std::size_t>(count));
+  }
+}
+
 std::string SimDesktop::MenuLabel(Hmenu menu) const {
   auto it = menus_.find(menu);
   if (it == menus_.end()) return menu == 0 ? "0" : "menu:" + std::to_string(menu);

@@ -126,6 +126,9 @@ class SimDesktop : public WindowSystem {
   void AppendSeparator(Hmenu menu);
   void AppendSubMenu(Hmenu menu, const std::string& text, Hmenu subMenu);
   void SetMenu(Hwnd window, Hmenu menu);
+  // Changes an entry's text, or removes entries from a position to the end (for odd clients).
+  void SetItemText(Hmenu menu, std::int32_t position, const std::string& text);
+  void TruncateMenu(Hmenu menu, std::int32_t count);
   // The text of the entry with that command id anywhere under menu, or nullopt.
   std::optional<std::string> MenuText(Hmenu menu, std::int32_t id) const;
 
