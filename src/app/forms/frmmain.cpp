@@ -72,26 +72,29 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent) {
   pnlTag = Place(new Panel(QStringLiteral("pnlTag"), this), kPanelLeft, kTagPanelStartTop,
                  kPanelWidth, kPanelHeight);
 
-  picMenu1 = MakePicture("picMenu1", this, 465, 60, 285, 225);
-  picMenu2 = MakePicture("picMenu2", this, 795, 60, 285, 225);
-  picMenu3 = MakePicture("picMenu3", this, 1125, 60, 285, 225);
-  picMini = MakePicture("picMini", this, 2985, 60, 240, 225);
+  // Places follow the skin's artwork: menu triangles and the roll and exit buttons along the
+  // top, the mode buttons down the left, the five round command buttons along the bottom.
+  picMenu1 = MakePicture("picMenu1", this, 120, 135, 180, 135);
+  picMenu2 = MakePicture("picMenu2", this, 600, 135, 180, 135);
+  picMenu3 = MakePicture("picMenu3", this, 1170, 135, 180, 135);
+  picMini = MakePicture("picMini", this, 3090, 150, 180, 180);
   picMini->setToolTip(QStringLiteral("roll up"));
-  picExit = MakePicture("picExit", this, 3270, 60, 240, 225);
-  picSelect = MakePicture("picSelect", this, 3315, 420, 270, 270);
-  picInfo = MakePicture("picInfo", this, 3315, 750, 270, 270);
-  picBut1 = MakePicture("picBut1", this, 105, 360, 240, 240);
-  picBut2 = MakePicture("picBut2", this, 105, 630, 240, 240);
+  picExit = MakePicture("picExit", this, 3360, 150, 180, 180);
+  picSelect = MakePicture("picSelect", this, 105, 420, 300, 300);
+  picInfo = MakePicture("picInfo", this, 105, 810, 300, 300);
+  picBut1 = MakePicture("picBut1", this, 180, 1755, 210, 210);
+  picBut2 = MakePicture("picBut2", this, 870, 1755, 210, 210);
   picBut2->setEnabled(false);
-  picBut3 = MakePicture("picBut3", this, 105, 900, 240, 240);
-  picBut4 = MakePicture("picBut4", this, 105, 1170, 240, 240);
-  picBut5 = MakePicture("picBut5", this, 105, 1440, 240, 240);
+  picBut3 = MakePicture("picBut3", this, 1560, 1755, 210, 210);
+  picBut4 = MakePicture("picBut4", this, 2250, 1755, 210, 210);
+  picBut5 = MakePicture("picBut5", this, 2940, 1755, 210, 210);
 
   lblShow = MakeLabel("lblShow", "quill cast by brindle", this, 615, 1485, 2475, 210);
-  lblUps = Hidden(MakeLabel("lblUps", "0", this, 615, 1725, 600, 210));
-  lblMBs = Hidden(MakeLabel("lblMBs", "0", this, 1230, 1725, 600, 210));
-  Label1 = MakeLabel("Label1", "", this, 615, 1725, 2475, 210);
-  lblPath = Hidden(MakeLabel("lblPath", "", this, 615, 1725, 2475, 210));
+  lblUps = Hidden(MakeLabel("lblUps", "0", this, 1830, 120, 600, 195));
+  lblMBs = Hidden(MakeLabel("lblMBs", "0", this, 2430, 120, 600, 195));
+  Label1 = MakeLabel("Label1", "", this, 1830, 120, 1230, 195);
+  Label1->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  lblPath = Hidden(MakeLabel("lblPath", "", this, 615, 1485, 2475, 210));
 
   lstPaths = MakeList("lstPaths", this, 0, 0, 1200, 600, false);
   lstPathSelect = MakeList("lstPathSelect", this, 0, 0, 1200, 600, false);
@@ -134,10 +137,10 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent) {
   lblGenre = MakeLabel("lblGenre", "genre:", pnlInfo, 60, 690, 1080, 210);
   lblYear = MakeLabel("lblYear", "yr: 0000", pnlInfo, 1170, 690, 720, 210);
   lblMb = MakeLabel("lblMb", "mb: 0", pnlInfo, 1950, 690, 780, 210);
-  lblIndex = MakeLabel("lblIndex", "0/0", pnlInfo, 1950, 15, 600, 210);
+  lblIndex = MakeLabel("lblIndex", "0/0", pnlInfo, 1890, 15, 600, 210);
   lblIndex->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  picUp = MakePicture("picUp", pnlInfo, 2580, 15, 180, 195);
-  picDown = MakePicture("picDown", pnlInfo, 2580, 240, 180, 195);
+  picUp = MakePicture("picUp", pnlInfo, 2535, 15, 240, 180);
+  picDown = MakePicture("picDown", pnlInfo, 2535, 240, 240, 180);
   txtSubj = Place(new TextBox(QStringLiteral("txtSubj"),
                               QString::fromUtf8("·• ómbrevalè •·[artist]-title"), pnlInfo),
                   60, 915, 2670, 225);

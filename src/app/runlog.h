@@ -1,0 +1,34 @@
+#pragma once
+// The run log: a plain-text account of the files chosen in lstPathSelect at the moment it is
+// built. Notices carry the mail form (with subject lines); the clipboard gets the short form.
+#include <cstdint>
+#include <string>
+
+namespace qc {
+
+class FrmMain;
+
+enum class RunLogForm { kMail, kClipboard };
+
+// Both forms walk every chosen file and ask for its length; a file that has vanished raises the
+// file-not-found failure, which nothing catches.
+std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form);
+std::string CompileRunLog(const FrmMain& frmMain);
+
+// The total of the chosen files' rounded sizes, as trimmed number text (".5", "3.52").
+std::string SelectedMbTotal(const FrmMain& frmMain);
+
+// The compileLog menu item: the clipboard form onto the clipboard, then a message box. Refuses
+// with an error box when nothing is chosen.
+void CopyRunLog(const FrmMain& frmMain);
+
+// The name behind the last path separator.
+std::string ShortFileName(const std::string& path);
+
+// The file's length in bytes; a missing file raises the file-not-found failure.
+std::int64_t FileLength(const std::string& path);
+
+// A file's size in decimal megabytes rounded to two places, as the run and the log add it up.
+double RoundedMegabytes(const std::string& path);
+
+}  // namespace qc
