@@ -58,6 +58,8 @@ inline constexpr Place kPanelPlaces[] = {
 // The panel face (left 465, top 330, 2790 by 1170 twips) and the status label's strip.
 inline constexpr int kPanelX = 31, kPanelY = 22, kPanelW = 186, kPanelH = 78;
 inline constexpr int kStatusX = 41, kStatusY = 99, kStatusW = 165, kStatusH = 14;
+// The dark display in the crown that shows the all-runs sum line (Label1).
+inline constexpr int kCounterX = 119, kCounterY = 5, kCounterW = 84, kCounterH = 14;
 
 // Skin colours as 0xRRGGBB.
 inline constexpr unsigned kAccentRgb = 0x60869F;

@@ -85,14 +85,28 @@ void Label(QPainter& p, const QString& text, QPointF at, int px = 8) {
   p.drawText(at, text);
 }
 
+// A dark inset screen for light text.
+void Display(QPainter& p, const QRectF& r) {
+  QPainterPath path;
+  path.addRoundedRect(r, 3.5, 3.5);
+  QLinearGradient g(r.topLeft(), r.bottomLeft());
+  g.setColorAt(0, QColor(0x14, 0x1D, 0x24));
+  g.setColorAt(1, QColor(0x2A, 0x3C, 0x49));
+  p.fillPath(path, g);
+  p.setPen(QPen(QColor(0x4A, 0x52, 0x5A), 1));
+  p.drawPath(path);
+  p.setPen(QPen(QColor(255, 255, 255, 150), 1));
+  p.drawLine(QPointF(r.left() + 3, r.bottom() + 1), QPointF(r.right() - 3, r.bottom() + 1));
+}
+
 QPainterPath Outline() {
   QPainterPath body;
   body.addRoundedRect(QRectF(2, 7, 237, 126), 10, 10);
   QPainterPath crown;
-  crown.moveTo(112, 12);
-  crown.cubicTo(116, 12, 118, 1, 126, 1);
-  crown.lineTo(186, 1);
-  crown.cubicTo(194, 1, 196, 12, 200, 12);
+  crown.moveTo(102, 12);
+  crown.cubicTo(108, 12, 108, 1, 117, 1);
+  crown.lineTo(205, 1);
+  crown.cubicTo(214, 1, 214, 12, 220, 12);
   crown.closeSubpath();
   QPainterPath ear;
   ear.addRoundedRect(QRectF(228, 32, 15, 54), 6, 6);
@@ -113,35 +127,13 @@ QImage DrawSkin() {
   p.fillPath(outline, Metal(0, kSkinHeight));
   Brush(p, outline, kSkinWidth, kSkinHeight, 97);
 
-  // The crown carries the name on an accent plate.
-  QPainterPath plate;
-  plate.addRoundedRect(QRectF(120, 3, 72, 16), 5, 5);
-  QLinearGradient pg(0, 3, 0, 19);
-  pg.setColorAt(0, kAccentLight);
-  pg.setColorAt(0.5, kAccent);
-  pg.setColorAt(1, kAccentDark);
-  p.fillPath(plate, pg);
-  p.setPen(QPen(kEdge, 1));
-  p.drawPath(plate);
-  p.setFont(SmallFont(10, true));
-  p.setPen(QColor(0, 0, 0, 120));
-  p.drawText(QRectF(120, 4, 72, 16), Qt::AlignCenter, QStringLiteral("quill cast"));
-  p.setPen(QColor(0xF2, 0xF6, 0xF9));
-  p.drawText(QRectF(120, 3, 72, 16), Qt::AlignCenter, QStringLiteral("quill cast"));
+  // The crown carries the counter display for the all-runs sum line.
+  Display(p, QRectF(kCounterX - 0.5, kCounterY - 0.5, kCounterW + 1, kCounterH + 1));
 
   // The panels' bay and the status display.
   Well(p, QRectF(kPanelX - 2.5, kPanelY - 2.5, kPanelW + 4, kPanelH + 4), 3);
   p.fillRect(QRect(kPanelX, kPanelY, kPanelW, kPanelH), kFace);
-  QPainterPath display;
-  display.addRoundedRect(QRectF(37.5, 102.5, 174, 12), 4, 4);
-  QLinearGradient dg(0, 102, 0, 115);
-  dg.setColorAt(0, QColor(0x16, 0x20, 0x27));
-  dg.setColorAt(1, QColor(0x2C, 0x3E, 0x4B));
-  p.fillPath(display, dg);
-  p.setPen(QPen(QColor(0x4A, 0x52, 0x5A), 1));
-  p.drawPath(display);
-  p.setPen(QPen(QColor(255, 255, 255, 150), 1));
-  p.drawLine(QPointF(41, 116), QPointF(208, 116));
+  Display(p, QRectF(37.5, 101.5, 174, 13));
 
   // Wells under the face's buttons, and their labels.
   for (const Place& pl : kFacePlaces) {
@@ -163,22 +155,27 @@ QImage DrawSkin() {
     }
   }
 
-  // Grills on both flanks, a mark on the ear.
+  // A grill on the left flank; the name engraved up the right one, with a lamp on the ear.
   for (int i = 0; i < 5; ++i) {
-    for (int x : {9, 222}) {
-      QRectF slot(x, 80 + i * 5, x == 9 ? 16 : 14, 2);
-      p.fillRect(slot, QColor(0x4A, 0x52, 0x5A));
-      p.fillRect(slot.translated(0, 1).adjusted(0, 1, 0, 0), QColor(255, 255, 255, 120));
-    }
+    QRectF slot(9, 80 + i * 5, 16, 2);
+    p.fillRect(slot, QColor(0x4A, 0x52, 0x5A));
+    p.fillRect(slot.translated(0, 1).adjusted(0, 1, 0, 0), QColor(255, 255, 255, 120));
   }
-  for (int i = 0; i < 3; ++i) {
-    QRadialGradient led(QPointF(235.5, 44.5 + i * 10), 3);
-    led.setColorAt(0, i == 0 ? kAccentLight : QColor(0xA9, 0xB1, 0xB9));
-    led.setColorAt(1, i == 0 ? kAccentDark : QColor(0x6E, 0x77, 0x80));
-    p.setBrush(led);
-    p.setPen(QPen(kEdge, 0.8));
-    p.drawEllipse(QPointF(235.5, 44.5 + i * 10), 2.5, 2.5);
-  }
+  p.save();
+  p.translate(233, 102);
+  p.rotate(-90);
+  p.setFont(SmallFont(10, true));
+  p.setPen(QColor(255, 255, 255, 160));
+  p.drawText(QRectF(0, -6, 72, 14), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("quill cast"));
+  p.setPen(kAccentDark);
+  p.drawText(QRectF(-1, -7, 72, 14), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("quill cast"));
+  p.restore();
+  QRadialGradient lamp(QPointF(235.5, 27.5), 3);
+  lamp.setColorAt(0, kAccentLight);
+  lamp.setColorAt(1, kAccentDark);
+  p.setBrush(lamp);
+  p.setPen(QPen(kEdge, 0.8));
+  p.drawEllipse(QPointF(231.5, 27.5), 2.5, 2.5);
   p.setBrush(Qt::NoBrush);
 
   // Rim: a dark edge with a light inner line along the top.
