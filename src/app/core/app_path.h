@@ -1,0 +1,13 @@
+#pragma once
+#include <string>
+
+namespace qc {
+
+// The program's folder, without a trailing separator: where lstMember.sys and lstUpload.sys lie
+// (joined with a separator) and beside which the body file lies (AppPath() + "txtBody.sys",
+// joined bare). It is $QUILLCAST_HOME when that is set and not empty (made absolute and
+// cleaned), else the per-user data folder <data>/quillcast (~/.local/share/quillcast).
+// The folder is created when missing.
+std::string AppPath();
+
+}  // namespace qc

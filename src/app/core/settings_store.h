@@ -1,0 +1,58 @@
+#pragma once
+// The per-user settings store: text values by application, section and key, held by QSettings
+// as an INI file in the user's configuration folder (<config>/<application>/<application>.ini).
+#include <string>
+#include <vector>
+
+namespace qc {
+
+inline constexpr const char* kAppName = "quillcast";
+inline constexpr const char* kOptionsSection = "tagoptions";
+inline constexpr const char* kSubjectSection = "subject";
+
+// The default comes back when the key does not exist.
+std::string GetSetting(const std::string& application, const std::string& section,
+                       const std::string& key, const std::string& defaultValue);
+void SaveSetting(const std::string& application, const std::string& section,
+                 const std::string& key, const std::string& value);
+// Removes one key; without key the whole section; without section every setting of the
+// application.
+void DeleteSetting(const std::string& application, const std::string& section,
+                   const std::string& key);
+void DeleteSetting(const std::string& application, const std::string& section);
+void DeleteSetting(const std::string& application);
+
+// Puts the store's files into `folder` from now on (tests use a temporary folder); an empty text
+// goes back to the user's configuration folder.
+void SetSettingsFolder(const std::string& folder);
+// The INI file that holds the application's settings.
+std::string SettingsFilePath(const std::string& application);
+
+enum class DefaultKind {
+  kFixed,          // the text as it stands
+  kScreenName,     // the client's screen name at the moment of reading
+  kUploadedByName  // "uploaded by " followed by the screen name
+};
+
+struct SettingSpec {
+  const char* section;
+  const char* key;
+  const char* fixedDefault;  // for kFixed
+  DefaultKind kind;
+  bool isFlag;  // a check mark: "1" or "0" when written
+};
+
+// Every key of the store, in the order of the settings table.
+const std::vector<SettingSpec>& SettingsTable();
+// The entry of a key; throws std::out_of_range for a key not in the table.
+const SettingSpec& SettingOf(const std::string& section, const std::string& key);
+// The default of an entry; screenName is used only by the defaults that depend on it.
+std::string SettingDefault(const SettingSpec& spec, const std::string& screenName = "");
+// Reads a key of the table with its default from the table.
+std::string GetTableSetting(const std::string& section, const std::string& key,
+                            const std::string& screenName = "");
+// A stored flag is on for any value whose leading number is not 0 ("2" is on, "x" is off).
+bool FlagIsOn(const std::string& storedValue);
+inline const char* FlagText(bool on) { return on ? "1" : "0"; }
+
+}  // namespace qc
