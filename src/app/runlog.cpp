@@ -1,5 +1,6 @@
 #include "app/runlog.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <filesystem>
@@ -7,6 +8,7 @@
 
 #include "app/dates.h"
 #include "app/forms/frmmain.h"
+#include "app/forms/frmmenu.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "base/prompts.h"
@@ -98,6 +100,11 @@ void CopyRunLog(const FrmMain& frmMain) {
       "log has been copyed to your clipboard. it is recommened that you paste the log into an "
       "email form and send it to the person in your group that is in charge of stats!",
       kInformation | kSystemModal, "log");
+}
+
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu) {
+  QObject::connect(frmMenu.compileLog, &QAction::triggered, &frmMain,
+                   [&frmMain] { CopyRunLog(frmMain); });
 }
 
 }  // namespace qc

@@ -7,6 +7,7 @@
 namespace qc {
 
 class FrmMain;
+class FrmMenu;
 
 enum class RunLogForm { kMail, kClipboard };
 
@@ -21,6 +22,9 @@ std::string SelectedMbTotal(const FrmMain& frmMain);
 // The compileLog menu item: the clipboard form onto the clipboard, then a message box. Refuses
 // with an error box when nothing is chosen.
 void CopyRunLog(const FrmMain& frmMain);
+
+// Connects the menu item compileLog to CopyRunLog.
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu);
 
 // The name behind the last path separator.
 std::string ShortFileName(const std::string& path);

@@ -1,5 +1,7 @@
 #include "base/numbers.h"
 
+#include "base/failure.h"
+
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -75,6 +77,11 @@ std::string PaddedNumberText(double value) {
 
 std::string SizeText(std::int64_t bytes) {
   return Trim(PaddedNumberText(RoundTo(static_cast<double>(bytes) / 1000000.0, 2)));
+}
+
+std::int16_t ToInteger16(long long value) {
+  if (value < -32768 || value > 32767) RaiseFailure(kOverflow);
+  return static_cast<std::int16_t>(value);
 }
 
 std::string Trim(const std::string& text) {

@@ -23,6 +23,10 @@ std::string PlainNumberText(double value);
 // trimmed. 700,000 gives ".7", 3,000,000 gives "3".
 std::string SizeText(std::int64_t bytes);
 
+// A whole number as the platform's signed 16-bit integer (list indexes and counts): values
+// outside -32768..32767 raise the overflow failure.
+std::int16_t ToInteger16(long long value);
+
 // Drops leading and trailing blanks (U+0020), like the platform's Trim.
 std::string Trim(const std::string& text);
 

@@ -1,4 +1,5 @@
 // The run log's bytes in both forms, its sums, the clipboard command and the dates it carries.
+#include <QAction>
 #include <QClipboard>
 #include <QDate>
 #include <QGuiApplication>
@@ -6,6 +7,7 @@
 #include <filesystem>
 
 #include "app/dates.h"
+#include "app/forms/frmmenu.h"
 #include "app/runlog.h"
 #include "base/failure.h"
 #include "runlog_fixture.h"
@@ -99,7 +101,9 @@ TEST_F(RunLog, VanishedFileEndsTheWalkWithFileNotFound) {
 
 TEST_F(RunLog, CopyPutsTheClipboardFormOnTheClipboardAndSaysSo) {
   Choose("first.mp3", 1500000, "abc");
-  CopyRunLog(frm);
+  FrmMenu menu;
+  ConnectRunLog(frm, menu);
+  menu.compileLog->trigger();
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
             BuildRunLog(frm, RunLogForm::kClipboard));
   ASSERT_EQ(prompts.boxes.size(), 1u);
