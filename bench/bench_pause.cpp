@@ -1,0 +1,56 @@
+// CPU time that Pause(1.0) takes on the real clock, as a fraction of the wall time it lasts.
+// A spinning wait would be 1.0.
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <chrono>
+#include <ctime>
+
+#include "base/pump.h"
+
+namespace {
+
+double ProcessCpuSeconds() {
+  timespec ts{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ts);
+  return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) * 1e-9;
+}
+
+void MeasurePause(benchmark::State& state) {
+  double cpu = 0, wall = 0;
+  for (auto _ : state) {
+    const double cpu0 = ProcessCpuSeconds();
+    const auto wall0 = std::chrono::steady_clock::now();
+    qc::Pause(1.0);
+    wall += std::chrono::duration<double>(std::chrono::steady_clock::now() - wall0).count();
+    cpu += ProcessCpuSeconds() - cpu0;
+  }
+  state.counters["cpu_fraction"] = cpu / wall;
+  state.counters["wall_s"] = wall / static_cast<double>(state.iterations());
+}
+
+// The pump with nothing registered.
+void BM_PauseBare(benchmark::State& state) {
+  qc::SetEventProcessor(nullptr);
+  MeasurePause(state);
+}
+
+// The pump as the program runs it: Qt's event processing on every pass, with a timer ticking.
+void BM_PauseWithQtPump(benchmark::State& state) {
+  int argc = 1;
+  char name[] = "qc_bench_pause";
+  char* argv[] = {name, nullptr};
+  QCoreApplication app(argc, argv);
+  QTimer tick;
+  tick.start(50);
+  qc::SetEventProcessor([] { QCoreApplication::processEvents(QEventLoop::AllEvents); });
+  MeasurePause(state);
+  qc::SetEventProcessor(nullptr);
+}
+
+}  // namespace
+
+BENCHMARK(BM_PauseBare)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PauseWithQtPump)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_MAIN();
