@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "app/forms/controls.h"
-#include "app/forms/interim_list.h"
+#include "app/core/list_box.h"
 
 namespace qc {
 
