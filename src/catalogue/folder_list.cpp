@@ -5,6 +5,10 @@
 #include <filesystem>
 #include <system_error>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 #include "app/core/list_box.h"
 #include "app/core/qt_glue.h"
 #include "app/core/settings_store.h"

@@ -1,5 +1,7 @@
 // Info mode: stepping with wrap-around, the fallback words by caller, the change and commit rules.
+#include <QImage>
 #include <QKeyEvent>
+#include <QPixmap>
 
 #include "app/core/window_routines.h"
 #include "catalogue/catalogue_fixture.h"
@@ -135,6 +137,21 @@ TEST_F(InfoModeTest, TypingChangesColourAndEnterCommitsAtTheIndex) {
   main_->txtSubj->clear();
   PressEnter();
   EXPECT_EQ(main_->lstSubj->Items(), (std::vector<std::string>{line0, ""}));
+}
+
+// What a person sees: the box's painted background, not only its palette.
+TEST_F(InfoModeTest, SubjectBoxIsPaintedInTheAccentOrWhite) {
+  Mp3("a.mp3", TagBytes("A"));
+  SelectAll();
+  GoInfoMode(*main_);
+  main_->show();
+  auto painted = [&] {
+    const QImage img = main_->txtSubj->grab().toImage();
+    return img.pixelColor(img.width() - 4, img.height() / 2);
+  };
+  EXPECT_EQ(painted(), QColor(0x60, 0x86, 0x9F));
+  Type("!");
+  EXPECT_EQ(painted(), QColor(Qt::white));
 }
 
 TEST_F(InfoModeTest, EntryAfterRemovalStartsAtOneOfTheNewCount) {
