@@ -83,6 +83,8 @@ TEST(QtPrompts, YesNoBoxAnswersYesOrNo) {
     });
     EXPECT_EQ(prompts.MsgBox("sure?", kYesNo | kQuestion, "quill cast"), answer);
   }
+  WhenOpen([](QWidget* w) { w->close(); });
+  EXPECT_EQ(prompts.MsgBox("sure?", kYesNo, "t"), kAnswerNo);
 }
 
 TEST(QtPrompts, InputBoxStandsAtTheTwipPositionAndGivesTheText) {

@@ -52,14 +52,13 @@ int QtPrompts::MsgBox(const std::string& text, int flags, const std::string& tit
   if (yesNo) {
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::Yes);
-    // Closing the box without a choice is not offered: a Yes/No box needs one of the two.
-    box.setEscapeButton(static_cast<QAbstractButton*>(nullptr));
   } else {
     box.setStandardButtons(QMessageBox::Ok);
   }
   Showing showing(&box);
   const int pressed = box.exec();
   if (!yesNo) return kAnswerOk;
+  // Escape or closing the box counts as No.
   return pressed == QMessageBox::Yes ? kAnswerYes : kAnswerNo;
 }
 
