@@ -1,0 +1,101 @@
+#pragma once
+// Start-up and shutdown: the splash window that refuses a second instance, warns about client
+// generations that will not work, slides its version label, then restores the user's options
+// and totals, greets the chat room and shows the main window; and the one exit sequence.
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+
+class QLockFile;
+class QTimer;
+
+namespace qc {
+
+class FrmMain;
+class FrmMenu;
+class FrmMenu2;
+class Label;
+
+inline constexpr const char* kVersionCaption = "version qc23e";
+inline constexpr const char* kWarningTitle = "Warning:";
+inline constexpr int kWarningFlags = 4160;  // OK, information icon, system-modal
+extern const char* const kGenerationWarningText;
+
+inline constexpr int kVersionStartLeft = -975;
+inline constexpr int kVersionStep = 100;
+inline constexpr int kVersionStopBelow = 5700;
+inline constexpr int kLoadIntervalMs = 500;
+
+// The one instance of the program on this machine: holds a lock file for the program's life.
+// False when another running instance holds it.
+class InstanceLock {
+ public:
+  explicit InstanceLock(const QString& lockPath = DefaultPath());
+  ~InstanceLock();
+  InstanceLock(const InstanceLock&) = delete;
+  InstanceLock& operator=(const InstanceLock&) = delete;
+  bool acquired() const { return acquired_; }
+  static QString DefaultPath();  // in the system's temporary folder
+
+ private:
+  std::unique_ptr<QLockFile> lock_;
+  bool acquired_ = false;
+};
+
+// The program's lasting windows: frmMain, and the hidden menu windows.
+struct ProgramWindows {
+  FrmMain* frmMain = nullptr;
+  FrmMenu* frmMenu = nullptr;
+  FrmMenu2* frmMenu2 = nullptr;
+};
+
+class FrmStart : public QWidget {
+  Q_OBJECT
+ public:
+  // `windows` must outlive the splash; frmMain is shown at the end of the load.
+  explicit FrmStart(ProgramWindows windows, QWidget* parent = nullptr);
+
+  Label* lblVersion;
+  QTimer* tmrLoad;
+
+  // The load of the window: the generation warning, centring, staying on top, the label put
+  // outside the left edge, and tmrLoad started. The caller checks the instance lock first.
+  void Open();
+
+  // tmrLoad's single tick; unloads the splash at its end.
+  void LoadTick();
+
+ signals:
+  void loaded();
+
+ private:
+  ProgramWindows w_;
+};
+
+// Asks the client's generation and shows the warning for 2 and 4; true when it was shown.
+bool WarnOnClientGeneration();
+
+// Moves the label right by 100 twips at a time, pumping between steps, while it stands below
+// 5700; it stops at 5725 from the start of -975.
+void SlideVersionLabel(Label& label);
+
+// Check marks, the four label values and the handle item's caption from the settings store.
+void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu);
+// The thirteen keys: nine flags as "1"/"0", then mbs, ups, handle and rename as they stand.
+void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu);
+
+// The exit sequence of picExit and the menu's exit item: hide frmMain, farewell lines, save the
+// thirteen keys, end the program at once. It does not look at a running tagging run.
+void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu);
+
+// How ExitProgram ends the program (default: status 0 at once, no further code of any window
+// runs). Tests replace it; an empty hook restores the default.
+void SetExitHook(std::function<void()> hook);
+
+// The chat room's greeting and farewell (the chat tools send them when they are built in).
+void GreetChatRoom(const FrmMain& frmMain);
+void SayGoodbyeInChat(const FrmMain& frmMain);
+
+}  // namespace qc
