@@ -1,6 +1,7 @@
 #pragma once
 // Every command of the menus and the main window's picture buttons bound to its routine, in one
 // place, including the Connect functions of the other subsystems.
+#include <functional>
 #include <string>
 
 namespace qc {
@@ -23,7 +24,7 @@ std::string HandleItemCaption(const std::string& handle);
 // Hands the address to the desktop's URL handler; a failure passes silently.
 void OpenWebPage(const std::string& address);
 // Replaces the URL handler (tests record the addresses); an empty function restores it.
-void SetWebOpener(void (*opener)(const std::string& address));
+void SetWebOpener(std::function<void(const std::string& address)> opener);
 
 // resetstat: deletes every setting of the program and zeroes the two all-runs counters.
 void ResetStats(FrmMain& frmMain);

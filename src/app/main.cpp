@@ -1,0 +1,83 @@
+// quill cast: the program a person starts.
+#include <QProcessEnvironment>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "app/core/application.h"
+#include "app/core/qt_glue.h"
+#include "app/core/qt_prompts.h"
+#include "app/forms/frmmain.h"
+#include "app/forms/frmmenu.h"
+#include "client/window_system.h"
+#include "shell/menu_wiring.h"
+#include "shell/skin_art.h"
+#include "shell/startup.h"
+#include "sim/sim_client.h"
+#include "sim/sim_desktop.h"
+
+#if __has_include("sim/sim_chat.h")
+#include "sim/sim_chat.h"
+#endif
+#if __has_include("sim/viewer/client_viewer.h")
+#include "sim/viewer/client_viewer.h"
+#define QC_HAVE_VIEWER 1
+#endif
+
+namespace {
+
+// The client the program drives. No real client can run here, so this is the one place that
+// decides: the embedded simulated client, generation and screen name from the environment.
+struct EmbeddedClient {
+  qc::sim::SimDesktop desktop;
+  std::unique_ptr<qc::sim::SimClient> client;
+};
+
+std::unique_ptr<EmbeddedClient> StartClient() {
+  const QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+  qc::sim::ClientOptions options;
+  bool ok = false;
+  const int generation = env.value(QStringLiteral("QC_SIM_GENERATION")).toInt(&ok);
+  if (ok && generation >= 2 && generation <= 5) options.generation = generation;
+  if (env.contains(QStringLiteral("QC_SIM_SCREEN_NAME")))
+    options.screenName = env.value(QStringLiteral("QC_SIM_SCREEN_NAME")).toStdString();
+  options.signedOn = !options.screenName.empty();
+
+  auto embedded = std::make_unique<EmbeddedClient>();
+  embedded->client = std::make_unique<qc::sim::SimClient>(embedded->desktop, options);
+  qc::SetWindowSystem(&embedded->desktop);
+  return embedded;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qc::Application app(argc, argv);
+  app.setQuitOnLastWindowClosed(false);  // only the exit command ends the program
+
+  // A second instance ends silently, before any window shows.
+  qc::InstanceLock lock;
+  if (!lock.acquired()) return 0;
+
+  qc::InstallQtPump();
+  qc::QtPrompts prompts;
+  qc::SetPrompts(&prompts);
+  qc::InitSkinResources();
+
+  const std::unique_ptr<EmbeddedClient> embedded = StartClient();
+
+  // The lasting windows live until the program ends at once; nothing deletes them.
+  auto* frmMain = new qc::FrmMain;
+  auto* frmMenu = new qc::FrmMenu;
+  auto* frmMenu2 = new qc::FrmMenu2;
+  qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2);
+
+#ifdef QC_HAVE_VIEWER
+  auto* viewer = new qc::ClientViewer(*embedded->client);
+  viewer->show();
+#endif
+
+  auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2});
+  frmStart->Open();
+  return app.exec();
+}

@@ -1,0 +1,139 @@
+#include "shell/menu_wiring.h"
+
+#include <QDesktopServices>
+#include <QPointer>
+#include <QUrl>
+
+#include "app/core/qt_glue.h"
+#include "app/core/settings_store.h"
+#include "app/core/window_routines.h"
+#include "app/forms/frmmain.h"
+#include "app/forms/frmmenu.h"
+#include "app/runlog.h"
+#include "app/stats.h"
+#include "base/prompts.h"
+#include "catalogue/catalogue.h"
+#include "client/client_commands.h"
+#include "client/window_system.h"
+#include "shell/frm_about.h"
+#include "shell/help.h"
+#include "shell/startup.h"
+
+#if __has_include("app/tagging_run.h")
+#include "app/tagging_run.h"
+#define QC_HAVE_TAGGING_RUN 1
+#endif
+
+namespace qc {
+
+namespace {
+
+std::function<void(const std::string&)>& WebOpener() {
+  static std::function<void(const std::string&)> opener;
+  return opener;
+}
+
+// The first `count` characters of a UTF-8 text.
+std::string FirstCharacters(const std::string& text, int count) {
+  const QString q = ToQ(text);
+  return q.size() > count ? FromQ(q.left(count)) : text;
+}
+
+}  // namespace
+
+std::string HandleItemCaption(const std::string& handle) { return "&handle [" + handle + "]"; }
+
+void AskHandle(FrmMenu& frmMenu) {
+  const std::optional<std::string> answer =
+      CurrentPrompts().InputBox("please enter your handle/name...", "handle",
+                                frmMenu.lblHandle->Caption(), kInputBoxX, kInputBoxY);
+  if (!answer || answer->empty()) return;
+  frmMenu.lblHandle->SetCaption(*answer);
+  frmMenu.userHandle->setText(ToQ(HandleItemCaption(*answer)));
+}
+
+void AskCommentText(FrmMenu& frmMenu) {
+  const std::optional<std::string> answer = CurrentPrompts().InputBox(
+      "before uploading, rename all mp3 comment tags to...\r\r\r...30 letters max.", "id tags",
+      frmMenu.lblRename->Caption(), kInputBoxX, kInputBoxY);
+  if (!answer || answer->empty()) return;
+  frmMenu.lblRename->SetCaption(FirstCharacters(*answer, kCommentLimit));
+}
+
+void OpenWebPage(const std::string& address) {
+  if (WebOpener()) {
+    WebOpener()(address);
+    return;
+  }
+  QDesktopServices::openUrl(QUrl(ToQ(address)));  // the result is of no interest
+}
+
+void SetWebOpener(std::function<void(const std::string& address)> opener) {
+  WebOpener() = std::move(opener);
+}
+
+void ResetStats(FrmMain& frmMain) {
+  DeleteSetting(kAppName);
+  frmMain.lblMBs->SetCaption("0");
+  frmMain.lblUps->SetCaption("0");
+}
+
+void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
+  FrmMain* m = &frmMain;
+  FrmMenu* menu = &frmMenu;
+
+  // Popups under the picture buttons.
+  const std::pair<PictureBox*, QMenu*> popups[] = {
+      {frmMain.picMenu1, frmMenu.mnufile},
+      {frmMain.picMenu2, frmMenu.mnutag},
+      {frmMain.picMenu3, frmMenu.mnuOther},
+  };
+  for (const auto& [button, tree] : popups) {
+    QMenu* t = tree;
+    PictureBox* b = button;
+    QObject::connect(b, &Label::clicked, m, [t, b, m] { PopupUnder(t, b, m); });
+  }
+
+  // file
+  QObject::connect(frmMenu.how2use, &QAction::triggered, menu, [] { ShowHowToUse(); });
+  for (QAction* web : {frmMenu.weblink1, frmMenu.weblink2, frmMenu.fav1, frmMenu.fav2,
+                       frmMenu.fav3, frmMenu.fav4}) {
+    const std::string address = FrmMenu::WebAddress(FromQ(web->objectName()));
+    QObject::connect(web, &QAction::triggered, menu, [address] { OpenWebPage(address); });
+  }
+  QObject::connect(frmMenu.resetstat, &QAction::triggered, menu, [m] { ResetStats(*m); });
+  QObject::connect(frmMenu.kwaittt, &QAction::triggered, menu,
+                   [] { KillWait(CurrentWindowSystem()); });
+  QObject::connect(frmMenu.kmodallll, &QAction::triggered, menu,
+                   [] { KillModal(CurrentWindowSystem()); });
+  QObject::connect(frmMenu.kglyphhh, &QAction::triggered, menu,
+                   [] { KillGlyph(CurrentWindowSystem()); });
+  QObject::connect(frmMenu.aboutmp33, &QAction::triggered, menu, [menu] {
+    static QPointer<FrmAbout> about;
+    OpenAbout(about, menu->lblHandle->text());
+  });
+  QObject::connect(frmMenu.contactzme, &QAction::triggered, menu, [] { ShowContact(); });
+  QObject::connect(frmMenu.endprog, &QAction::triggered, menu, [m, menu] { ExitProgram(*m, *menu); });
+  QObject::connect(frmMain.picExit, &Label::clicked, m, [m, menu] { ExitProgram(*m, *menu); });
+
+  // tag: the nine toggles flip their own check marks; nothing else happens on them.
+  QObject::connect(frmMenu.renametags, &QAction::triggered, menu, [menu] { AskCommentText(*menu); });
+
+  // othermenu
+  QObject::connect(frmMenu.userHandle, &QAction::triggered, menu, [menu] { AskHandle(*menu); });
+
+  // The tips of the editors' menus.
+  QObject::connect(frmMenu.emailTips, &QAction::triggered, menu, [] { ShowMailListTips(); });
+  QObject::connect(frmMenu.subjectTips, &QAction::triggered, menu, [] { ShowSubjectTips(); });
+  QObject::connect(frmMenu.bodytips, &QAction::triggered, menu, [] { ShowBodyTips(); });
+
+  // The other subsystems bind their own items and buttons.
+  ConnectStats(frmMain, frmMenu);
+  ConnectRunLog(frmMain, frmMenu);
+  ConnectCatalogue(frmMain, frmMenu2);
+#ifdef QC_HAVE_TAGGING_RUN
+  ConnectTaggingRun(frmMain, frmMenu);
+#endif
+}
+
+}  // namespace qc
