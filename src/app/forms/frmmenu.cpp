@@ -1,6 +1,10 @@
 #include "app/forms/frmmenu.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QPointer>
+#include <QProxyStyle>
+#include <QStyleOptionMenuItem>
 #include <stdexcept>
 
 namespace qc {
@@ -55,8 +59,54 @@ void MenuWindow::setCheck(std::string_view name, bool checked) {
   action(name)->setChecked(checked);
 }
 
+namespace {
+
+// Separators keep their "-" caption as data, but are drawn as plain lines: some styles would
+// draw a separator's caption as a section heading.
+class SeparatorStyle : public QProxyStyle {
+ public:
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    if (element == CE_MenuItem) {
+      if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+          item && item->menuItemType == QStyleOptionMenuItem::Separator && !item->text.isEmpty()) {
+        QStyleOptionMenuItem plain(*item);
+        plain.text.clear();
+        QProxyStyle::drawControl(element, &plain, painter, widget);
+        return;
+      }
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override {
+    if (type == CT_MenuItem) {
+      if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+          item && item->menuItemType == QStyleOptionMenuItem::Separator && !item->text.isEmpty()) {
+        QStyleOptionMenuItem plain(*item);
+        plain.text.clear();
+        return QProxyStyle::sizeFromContents(type, &plain, size, widget);
+      }
+    }
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+  }
+};
+
+QStyle* MenuStyle() {
+  // Lives as long as the program; it follows the application's style.
+  static QPointer<SeparatorStyle> style;
+  if (!style) {
+    style = new SeparatorStyle;
+    style->setParent(qApp);
+  }
+  return style;
+}
+
+}  // namespace
+
 QMenu* MenuWindow::AddMenu(QWidget* owner, const char* name, const char* title) {
   auto* m = new QMenu(QString::fromUtf8(title), owner);
+  m->setStyle(MenuStyle());
   m->setObjectName(QString::fromLatin1(name));
   // The head's own action carries the name too, so that action(name) finds every entry.
   m->menuAction()->setObjectName(QString::fromLatin1(name));
