@@ -1,5 +1,7 @@
 // quill cast: the program a person starts.
 #include <QProcessEnvironment>
+#include <QScreen>
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -19,10 +21,7 @@
 #if __has_include("sim/sim_chat.h")
 #include "sim/sim_chat.h"
 #endif
-#if __has_include("sim/viewer/client_viewer.h")
 #include "sim/viewer/client_viewer.h"
-#define QC_HAVE_VIEWER 1
-#endif
 
 namespace {
 
@@ -72,10 +71,12 @@ int main(int argc, char** argv) {
   auto* frmMenu2 = new qc::FrmMenu2;
   qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2);
 
-#ifdef QC_HAVE_VIEWER
-  auto* viewer = new qc::ClientViewer(*embedded->client);
+  // The user's window onto the client: at the screen's right, beside the centred main window.
+  auto* viewer = new qc::sim::ClientViewer(embedded->desktop, embedded->client.get());
+  const QRect desk = QGuiApplication::primaryScreen()->availableGeometry();
+  const int width = std::min(420, desk.width() / 3);
+  viewer->setGeometry(desk.right() - width - 8, desk.top() + 30, width, desk.height() - 60);
   viewer->show();
-#endif
 
   auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2});
   frmStart->Open();
