@@ -83,13 +83,28 @@ FrmStart::FrmStart(ProgramWindows windows, QWidget* parent)
   const QPixmap art = SkinArt(QStringLiteral("logo"));
   if (!art.isNull()) logo->setPixmap(art);
   logo->setAlignment(Qt::AlignCenter);
-  SetTwipsGeometry(logo, 0, 150, 5700, 1500);
+  SetTwipsGeometry(logo, 0, 150, 5700, 1200);
+
+  auto* name = new QLabel(QStringLiteral("quill cast"), this);
+  name->setObjectName(QStringLiteral("lblName"));
+  QFont big = name->font();
+  big.setPointSizeF(big.pointSizeF() * 1.6);
+  big.setBold(true);
+  name->setFont(big);
+  name->setAlignment(Qt::AlignCenter);
+  QPalette light = name->palette();
+  light.setColor(QPalette::WindowText, QColor(0xcf, 0xe2, 0xee));
+  name->setPalette(light);
+  SetTwipsGeometry(name, 0, 1350, 5700, 450);
+  setStyleSheet(QStringLiteral("#frmStart { background: #1d1f26; border: 1px solid #60869f; }"
+                               " #lblVersion { color: #9f8660; } #lblName { color: #cfe2ee; }"));
+  setAttribute(Qt::WA_StyledBackground, true);
 
   lblVersion = new Label(QStringLiteral("lblVersion"), QString::fromLatin1(kVersionCaption), this);
   QFont f = lblVersion->font();
   f.setBold(true);
   lblVersion->setFont(f);
-  SetTwipsGeometry(lblVersion, 0, 1800, 1500, 300);
+  SetTwipsGeometry(lblVersion, 0, 1900, 1500, 300);
 
   tmrLoad = new QTimer(this);
   tmrLoad->setObjectName(QStringLiteral("tmrLoad"));
