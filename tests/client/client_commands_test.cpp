@@ -69,6 +69,8 @@ TEST_F(ClientCommandsTest, RunMainMenuMatchesPartsCaseBlindFirstEntryWins) {
       {5, "Keyword...", "Keyword..."},
       {3, "KEYWORD...", "Keyword..."},
       {2, "keyword...", "Keyword..."},
+      {4, "Keyword", "Keyword..."},
+      {4, "read &outgoing", "Read &Outgoing Flashmail"},
       {5, "re", "Read &Mail"},  // the first entry, left to right and top to bottom
       {3, "re", "&Directory of Services"},
       {3, "Compose Mail", "&Compose Mail"},
@@ -313,6 +315,13 @@ TEST_F(ClientCommandsTest, KeywordWindowWaitsForEver) {
 // ---------------------------------------------------------------- kill commands
 
 TEST_F(ClientCommandsTest, KillGlyphOnlyOnTheFrameWithTheTwoBlankCaption) {
+  for (int gen : {2, 3, 4}) {
+    SimClient old(d, {.generation = gen});
+    Hwnd glyph = old.glyph();
+    KillGlyph(d);
+    DoEvents();
+    EXPECT_FALSE(d.Exists(glyph)) << gen;
+  }
   SimClient c(d, {.generation = 5});
   Hwnd glyph = c.glyph();
   d.SetText(c.frame(), "America Online");  // one blank: not the frame it looks for
