@@ -72,5 +72,25 @@ changed=$(region_differs hover menu "$below")
 xdotool key Escape
 sleep 0.3
 
+# The client viewer stands beside the main window.
+xdotool search --onlyvisible --name '^simulated AOL client$' >/dev/null \
+  || fail "no client viewer on screen"
+
+# The roll button slides the window up until its own row stands at the screen's top edge, and
+# a second click brings it back.
+xdotool mousemove $((WX + 212)) $((WY + 16))
+sleep 0.2
+xdotool click 1
+sleep 0.5
+eval "$(xdotool getwindowgeometry --shell "$WIN")"
+[ "$Y" -lt 0 ] && [ "$Y" -ge -12 ] || fail "rolled up to top $Y"
+shot rolled
+xdotool mousemove $((WX + 212)) $((Y + 16))
+sleep 0.2
+xdotool click 1
+sleep 0.5
+eval "$(xdotool getwindowgeometry --shell "$WIN")"
+[ "$Y" = "$WY" ] || fail "rolled down to top $Y, not $WY"
+
 kill -0 $PID 2>/dev/null || fail "the program ended"
 echo "PASS: screenshots in $OUT"
