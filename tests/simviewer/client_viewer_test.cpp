@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTreeWidget>
@@ -46,6 +47,10 @@ TEST_F(ClientViewerTest, ShowsTheWindowTreeWithCaptionsAndHiddenMarks) {
   d.SetVisible(c.welcome(), false);
   v.Refresh();
   EXPECT_TRUE(TreeLines(*v.tree()).contains("    AOL Child | Welcome, Ann Lee! | hidden"));
+  EXPECT_EQ(v.status()->text(), "AOL 5.0, signed on as Ann Lee");
+  c.SignOff();
+  v.Refresh();
+  EXPECT_EQ(v.status()->text(), "AOL 5.0, signed off");
 }
 
 TEST_F(ClientViewerTest, RebuildsOnlyWhenTheDesktopChanged) {
@@ -64,6 +69,7 @@ TEST_F(ClientViewerTest, RebuildsOnlyWhenTheDesktopChanged) {
   c.Quit();
   v.Refresh();
   EXPECT_EQ(v.tree()->topLevelItemCount(), 0);
+  EXPECT_EQ(v.status()->text(), "AOL 95, not running");
 }
 
 TEST_F(ClientViewerTest, ShowsClientEventsAndTheLastTraceLines) {
@@ -104,6 +110,7 @@ TEST_F(ClientViewerTest, FollowsTheDesktopOnItsOwnAndLetsGoOfTheTrace) {
   ClientViewer bare(d);
   bare.Refresh();
   EXPECT_TRUE(bare.events()->toPlainText().isEmpty());
+  EXPECT_EQ(bare.status()->text(), "no simulated client");
 }
 
 }  // namespace

@@ -38,6 +38,23 @@ QWidget* Pane(const QString& title, QWidget* content) {
   return pane;
 }
 
+QString ClientName(int generation) {
+  switch (generation) {
+    case 5: return QStringLiteral("AOL 5.0");
+    case 4: return QStringLiteral("AOL 4.0");
+    case 3: return QStringLiteral("AOL 95");
+    default: return QStringLiteral("an older AOL client");
+  }
+}
+
+QString StatusText(const SimClient* client) {
+  if (!client) return QStringLiteral("no simulated client");
+  if (!client->Running()) return ClientName(client->generation()) + QStringLiteral(", not running");
+  if (!client->signedOn()) return ClientName(client->generation()) + QStringLiteral(", signed off");
+  return ClientName(client->generation()) + QStringLiteral(", signed on as ") +
+         Qs(client->screenName());
+}
+
 }  // namespace
 
 ClientViewer::ClientViewer(SimDesktop& desktop, SimClient* client, QWidget* parent)
@@ -60,7 +77,9 @@ ClientViewer::ClientViewer(SimDesktop& desktop, SimClient* client, QWidget* pare
   split->setStretchFactor(0, 3);
   split->setStretchFactor(1, 1);
   split->setStretchFactor(2, 1);
+  status_ = new QLabel;
   auto* layout = new QVBoxLayout(this);
+  layout->addWidget(status_);
   layout->addWidget(split);
 
   // The listener runs on every call the program makes: it only keeps the line.
@@ -80,6 +99,8 @@ ClientViewer::ClientViewer(SimDesktop& desktop, SimClient* client, QWidget* pare
 ClientViewer::~ClientViewer() { desktop_.SetTraceListener(nullptr); }
 
 void ClientViewer::Refresh() {
+  const QString status = StatusText(client_);
+  if (status_->text() != status) status_->setText(status);
   if (!treeShown_ || desktop_.Revision() != shownRevision_) RebuildTree();
 
   if (client_) {

@@ -3,6 +3,7 @@
 // embedded simulated client: the window tree (class, caption, hidden mark), what the client did
 // (its event log) and the last operations the program made on the desktop (the trace).
 //
+// The view is for a person watching the program drive the client; the program never reads it.
 // The tree is rebuilt only when the desktop's revision has moved; a timer looks every 100 ms.
 #include <cstdint>
 #include <deque>
@@ -13,6 +14,7 @@
 #include "sim/sim_client.h"
 #include "sim/sim_desktop.h"
 
+class QLabel;
 class QPlainTextEdit;
 class QTimer;
 class QTreeWidget;
@@ -37,6 +39,8 @@ class ClientViewer : public QWidget {
 
   // What is shown, for tests: the tree as indented lines, the event and trace texts.
   QTreeWidget* tree() const { return tree_; }
+  // One line about the client: its generation and whether and as whom it is signed on.
+  QLabel* status() const { return status_; }
   QPlainTextEdit* events() const { return events_; }
   QPlainTextEdit* trace() const { return trace_; }
   // How many times the tree was rebuilt (it is rebuilt only when the desktop changed).
@@ -47,6 +51,7 @@ class ClientViewer : public QWidget {
 
   SimDesktop& desktop_;
   SimClient* client_;
+  QLabel* status_ = nullptr;
   QTreeWidget* tree_ = nullptr;
   QPlainTextEdit* events_ = nullptr;
   QPlainTextEdit* trace_ = nullptr;
