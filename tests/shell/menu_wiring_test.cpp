@@ -11,6 +11,7 @@
 #include "app/forms/frmmain.h"
 #include "app/forms/frmmenu.h"
 #include "client/window_system.h"
+#include "shell/frm_about.h"
 #include "shell/menu_wiring.h"
 #include "shell/startup.h"
 #include "sim/sim_client.h"
@@ -171,17 +172,42 @@ TEST_F(MenuWiringTest, KillModalClosesTheClientsModalWindow) {
   EXPECT_FALSE(desktop_.Exists(modal) && desktop_.IsWindowVisible(modal));
 }
 
-TEST_F(MenuWiringTest, PictureButtonOpensItsMenuUnderIt) {
+TEST_F(MenuWiringTest, EachTriangleOpensItsMenuUnderIt) {
   Wire();
   frmMain_.show();
-  QMenu* shown = nullptr;
-  QTimer::singleShot(0, [&] {
-    shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (shown) shown->close();
-  });
-  emit frmMain_.picMenu2->clicked();
-  ASSERT_NE(shown, nullptr);
-  EXPECT_EQ(shown, frmMenu_.mnutag);
+  const std::pair<PictureBox*, QMenu*> cases[] = {{frmMain_.picMenu1, frmMenu_.mnufile},
+                                                  {frmMain_.picMenu2, frmMenu_.mnutag},
+                                                  {frmMain_.picMenu3, frmMenu_.mnuOther}};
+  for (const auto& [button, tree] : cases) {
+    QMenu* shown = nullptr;
+    QPoint at;
+    QTimer::singleShot(0, [&] {
+      shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      if (!shown) return;
+      at = shown->pos();
+      shown->close();
+    });
+    emit button->clicked();
+    ASSERT_EQ(shown, tree) << button->objectName().toStdString();
+    // At the button's left, one pixel (15 twips) below its bottom edge.
+    EXPECT_EQ(at, frmMain_.mapToGlobal(QPoint(button->x(), button->geometry().bottom() + 2)));
+  }
+}
+
+TEST_F(MenuWiringTest, AboutShowsTheHandleAsItStoodAtOpening) {
+  Wire();
+  frmMenu_.lblHandle->setText("DJ Quill");
+  frmMenu_.aboutmp33->trigger();
+  FrmAbout* about = nullptr;
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (auto* a = qobject_cast<FrmAbout*>(w); a && a->isVisible()) about = a;
+  ASSERT_NE(about, nullptr);
+  EXPECT_EQ(about->lblName->text(), "dj quill");
+  frmMenu_.lblHandle->setText("Other");
+  frmMenu_.aboutmp33->trigger();  // still open: the same window, the old name
+  EXPECT_EQ(about->lblName->text(), "dj quill");
+  about->close();
+  delete about;
 }
 
 #ifdef QC_QUILLCAST_BIN
