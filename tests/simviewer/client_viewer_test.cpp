@@ -38,15 +38,18 @@ TEST_F(ClientViewerTest, ShowsTheWindowTreeWithCaptionsAndHiddenMarks) {
   ASSERT_FALSE(lines.isEmpty());
   EXPECT_EQ(lines.front(), "AOL Frame25 | America  Online | ");
   EXPECT_TRUE(lines.contains("  AOL Toolbar |  | "));
-  EXPECT_TRUE(lines.contains("    AOL Child | Welcome, Ann Lee! | "));
+  EXPECT_TRUE(lines.contains("    AOL Child#2 | Welcome, Ann Lee! | "));
   EXPECT_TRUE(lines.contains("        Edit |  | "));  // keyword box, under its combo box
+  // Numbered within their siblings, as the trace names them.
+  EXPECT_TRUE(lines.contains("      _AOL_Icon#14 |  | "));
+  EXPECT_FALSE(lines.contains("      _AOL_Icon#15 |  | "));
   // Front to back: the channels window comes before the welcome window.
   EXPECT_LT(lines.indexOf("    AOL Child | AOL Channels | "),
-            lines.indexOf("    AOL Child | Welcome, Ann Lee! | "));
+            lines.indexOf("    AOL Child#2 | Welcome, Ann Lee! | "));
 
   d.SetVisible(c.welcome(), false);
   v.Refresh();
-  EXPECT_TRUE(TreeLines(*v.tree()).contains("    AOL Child | Welcome, Ann Lee! | hidden"));
+  EXPECT_TRUE(TreeLines(*v.tree()).contains("    AOL Child#2 | Welcome, Ann Lee! | hidden"));
   EXPECT_EQ(v.status()->text(), "AOL 5.0, signed on as Ann Lee");
   c.SignOff();
   v.Refresh();

@@ -1,6 +1,8 @@
 #include "sim/viewer/client_viewer.h"
 
+#include <cctype>
 #include <functional>
+#include <map>
 
 #include <QHeaderView>
 #include <QLabel>
@@ -13,6 +15,11 @@
 
 namespace qc::sim {
 namespace {
+
+std::string Lower(std::string s) {
+  for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return s;
+}
 
 QString Qs(const std::string& s) { return QString::fromLocal8Bit(s.data(), static_cast<qsizetype>(s.size())); }
 
@@ -135,8 +142,13 @@ void ClientViewer::RebuildTree() {
   tree_->clear();
   // Front to back, as the lookups see them.
   std::function<void(Hwnd, QTreeWidgetItem*)> add = [&](Hwnd parent, QTreeWidgetItem* into) {
+    // Classes numbered within their siblings as the trace names them ("_AOL_Icon#3").
+    std::map<std::string, int> seen;
     for (Hwnd h : desktop_.Children(parent)) {
-      QStringList columns{Qs(desktop_.ClassOf(h)), Qs(desktop_.TextOf(h)),
+      const std::string className = desktop_.ClassOf(h);
+      const int n = ++seen[Lower(className)];
+      const std::string label = className + (n > 1 ? "#" + std::to_string(n) : "");
+      QStringList columns{Qs(label), Qs(desktop_.TextOf(h)),
                           desktop_.Visible(h) ? QString() : QStringLiteral("hidden")};
       auto* item = into ? new QTreeWidgetItem(into, columns) : new QTreeWidgetItem(tree_, columns);
       item->setToolTip(0, QStringLiteral("0x%1").arg(h, 0, 16));
