@@ -145,6 +145,25 @@ TEST_F(ClientCommandsTest, RunToolbarMenuOpensOutgoingMailOnGeneration5) {
   EXPECT_TRUE(c.HasEvent(sim::kEventOutgoingMail, sim::kOutgoingListCaption));
 }
 
+TEST_F(ClientCommandsTest, PointerReturnsEvenWhenTheUserMovedItDuringTheWait) {
+  for (int gen : {4, 5}) {
+    SCOPED_TRACE(gen);
+    SimClient c(d, {.generation = gen});
+    c.SetSlow("toolbar icon 3", 1.0);
+    d.MoveCursorByUser({200, 300});
+    c.Later("user", [&] { d.MoveCursorByUser({7, 7}); });
+    {
+      PumpBudget budget(3000);
+      if (gen == 5) {
+        RunToolbarMenu(d, 3, 15);
+      } else {
+        OpenOutgoingMail40(d);
+      }
+    }
+    EXPECT_EQ(d.Cursor(), (Point{200, 300}));
+  }
+}
+
 TEST_F(ClientCommandsTest, RunToolbarMenuPumpsAfterEachHop) {
   SimClient c(d, {.generation = 5});
   const std::uint64_t before = PumpCount();
