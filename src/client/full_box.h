@@ -1,0 +1,19 @@
+#pragma once
+// The full-box check: one mail to every address of a list plus "-", which always fails, so that
+// the client answers with its "Error" window; every address that the report names is removed.
+#include <functional>
+#include <string>
+
+#include "client/address_list.h"
+#include "client/window_system.h"
+
+namespace qc {
+
+// The shared steps of the silent check and the editor's command. The list is taken from `pick`
+// at the start and again at the removal (the editor's active list may change during the wait).
+// Returns the removed text: " - " + address + CR for each removed address.
+std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()>& pick);
+// The run's check on its send list: silent, the removed text is dropped.
+void CheckFullBoxes(WindowSystem& ws, AddressList& list);
+
+}  // namespace qc
