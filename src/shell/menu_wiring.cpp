@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QPointer>
 #include <QUrl>
+#include <memory>
 
 #include "app/core/qt_glue.h"
 #include "app/core/settings_store.h"
@@ -108,10 +109,9 @@ void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
                    [] { KillModal(CurrentWindowSystem()); });
   QObject::connect(frmMenu.kglyphhh, &QAction::triggered, menu,
                    [] { KillGlyph(CurrentWindowSystem()); });
-  QObject::connect(frmMenu.aboutmp33, &QAction::triggered, menu, [menu] {
-    static QPointer<FrmAbout> about;
-    OpenAbout(about, menu->lblHandle->text());
-  });
+  auto about = std::make_shared<QPointer<FrmAbout>>();
+  QObject::connect(frmMenu.aboutmp33, &QAction::triggered, menu,
+                   [menu, about] { OpenAbout(*about, menu->lblHandle->text()); });
   QObject::connect(frmMenu.contactzme, &QAction::triggered, menu, [] { ShowContact(); });
   QObject::connect(frmMenu.endprog, &QAction::triggered, menu, [m, menu] { ExitProgram(*m, *menu); });
   QObject::connect(frmMain.picExit, &Label::clicked, m, [m, menu] { ExitProgram(*m, *menu); });

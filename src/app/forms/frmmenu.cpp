@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QPointer>
 #include <QProxyStyle>
 #include <QStyleOptionMenuItem>
 #include <stdexcept>
@@ -94,10 +93,11 @@ class SeparatorStyle : public QProxyStyle {
 
 QStyle* MenuStyle() {
   // Lives as long as the program; it follows the application's style.
-  static QPointer<SeparatorStyle> style;
+  static SeparatorStyle* style = nullptr;
   if (!style) {
     style = new SeparatorStyle;
     style->setParent(qApp);
+    QObject::connect(style, &QObject::destroyed, [] { style = nullptr; });
   }
   return style;
 }
