@@ -18,9 +18,6 @@
 #include "sim/sim_client.h"
 #include "sim/sim_desktop.h"
 
-#if __has_include("sim/sim_chat.h")
-#include "sim/sim_chat.h"
-#endif
 #include "sim/viewer/client_viewer.h"
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QLockFile>
-#include <QPainter>
 #include <QTimer>
 #include <cstdlib>
 
