@@ -12,6 +12,7 @@
 // "Attachments done", "Send Later", "Send", "Close Mail".
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -48,6 +49,9 @@ inline constexpr char kReasonInvalid[] = "invalid address";
 class SimMail {
  public:
   explicit SimMail(SimClient& client);
+  // Closes the mail windows and drops the reactions; the client goes back to doing nothing on
+  // the mail commands.
+  ~SimMail();
   SimMail(const SimMail&) = delete;
   SimMail& operator=(const SimMail&) = delete;
 
@@ -103,12 +107,16 @@ class SimMail {
   void Send(Hwnd mail);
   void AskOnClose(Hwnd mail);
   bool Filled(Hwnd mail) const;
+  Hwnd TopLevel(const std::string& className, const std::string& caption) const;
   bool FileAccepted(const std::string& path);
   std::string BadReason(const std::string& address) const;
-  // Registers a click on a mail control; honours the ignore fault.
+  // Registers a click on a mail control; honours the ignore fault. `role` is counted.
   void Click(Hwnd control, const std::string& key, const std::string& role,
              std::function<void()> action);
+  // The action, run only while this object lives.
+  std::function<void()> Guarded(std::function<void()> action);
 
+  std::shared_ptr<int> alive_ = std::make_shared<int>(0);
   SimClient& client_;
   SimDesktop& desktop_;
   std::map<Hwnd, Mail> mails_;
