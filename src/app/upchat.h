@@ -1,0 +1,15 @@
+#pragma once
+// Upchat mode: hides the client's file transfer window so that the user can chat during an
+// upload, and brings it back. No state of its own.
+#include <string>
+
+namespace qc {
+
+// "file transfer window not found" with the title "error: " when there is no transfer window.
+void UpchatOn();   // hide, then minimise
+void UpchatOff();  // hide, then restore
+
+// A message box that is always system-modal: flags + 4096.
+void ShowMessage(std::string& text, int& flags, std::string& title);
+
+}  // namespace qc
