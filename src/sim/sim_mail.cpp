@@ -83,6 +83,39 @@ void SimMail::Click(Hwnd control, const std::string& key, const std::string& rol
   }));
 }
 
+void SimMail::SendIcon(Hwnd icon, Hwnd mail) {
+  auto pressed = std::make_shared<bool>(false);
+  std::weak_ptr<int> alive = alive_;
+  desktop_.SetHandler(icon, [this, alive, mail, pressed](
+                                const SimMessage& m) -> std::optional<std::int32_t> {
+    if (!alive.lock()) return std::nullopt;
+    if (m.message == aol::kWmLButtonDown) {
+      *pressed = true;
+      return 0;
+    }
+    if (m.message != aol::kWmLButtonUp) return std::nullopt;
+    if (!*pressed) return 0;
+    *pressed = false;
+    auto it = mails_.find(mail);
+    // A mail on its way, or with its report open, is busy: the press is lost.
+    if (it == mails_.end() || it->second.sending) {
+      client_.Log(kEventClickIgnored, "Send");
+      return 0;
+    }
+    if (auto ig = ignore_.find("Send"); ig != ignore_.end() && ig->second > 0) {
+      --ig->second;
+      client_.Log(kEventMailClickIgnored, "Send");
+      return 0;
+    }
+    it->second.sending = true;
+    client_.Log(kEventClick, "Send");
+    ++presses_["send"];
+    client_.Log(kEventMailIcon, "send");
+    client_.Later("Send", Guarded([this, mail] { Send(mail); }));
+    return 0;
+  });
+}
+
 // ---------------------------------------------------------------- configuration
 
 void SimMail::MarkFull(const std::string& address) { full_.insert(Normal(address)); }
@@ -180,7 +213,7 @@ void SimMail::FinishWriteMail(Hwnd w) {
   const int send = five ? 16 : 14;
   const int later = five ? 17 : 15;
   Click(MailIcon(w, attach), "Attachments", "attach", [this, w] { OpenAttachments(w); });
-  Click(MailIcon(w, send), "Send", "send", [this, w] { Send(w); });
+  SendIcon(MailIcon(w, send), w);
   Click(MailIcon(w, later), "Send Later", "send later", [this, w] { SendLater(w); });
 }
 
@@ -268,7 +301,7 @@ void SimMail::FinishComposeMail(Hwnd w) {
   Hwnd send = client_.AddControl(w, aol::kIconClass);
   Hwnd later = client_.AddControl(w, aol::kIconClass);
   Hwnd attach = client_.AddControl(w, aol::kIconClass);
-  Click(send, "Send", "send", [this, w] { Send(w); });
+  SendIcon(send, w);
   Click(later, "Send Later", "send later", [this, w] { SendLater(w); });
   Click(attach, "Attach File", "attach", [this, w] {
     if (desktop_.Exists(w)) OpenAttachDialog(w, 0, aol::kAttachFileCaption);
@@ -308,6 +341,9 @@ void SimMail::Send(Hwnd mail) {
     // The mail stays open; the client names each bad address, one a line.
     client_.Log(kEventMailRefused, bad);
     Hwnd e = client_.OpenDocument(aol::kErrorCaption);
+    desktop_.OnDestroy(e, Guarded([this, mail] {
+      if (auto it = mails_.find(mail); it != mails_.end()) it->second.sending = false;
+    }));
     client_.AddControl(e, aol::kStaticClass, "The following addresses could not be used:");
     client_.AddControl(e, aol::kViewClass, emptyErrorReport_ ? "" : report);
     Hwnd ok = client_.AddControl(e, aol::kIconClass);

@@ -93,6 +93,7 @@ class SimMail {
     Hwnd to = 0;
     Hwnd subject = 0;
     Hwnd body = 0;
+    bool sending = false;  // pressed Send and not yet answered
     std::vector<std::string> attachments;
   };
 
@@ -113,6 +114,8 @@ class SimMail {
   // Registers a click on a mail control; honours the ignore fault. `role` is counted.
   void Click(Hwnd control, const std::string& key, const std::string& role,
              std::function<void()> action);
+  // The send icon: presses while the mail is on its way or its report is open are lost.
+  void SendIcon(Hwnd icon, Hwnd mail);
   // The action, run only while this object lives.
   std::function<void()> Guarded(std::function<void()> action);
 
