@@ -1,0 +1,240 @@
+// The subject, body and decoration editors, the opening of all four editors, and their menus.
+#include <QFont>
+#include <QTextCursor>
+
+#include "app/core/app_path.h"
+#include "app/core/qt_glue.h"
+#include "app/core/settings_store.h"
+#include "app/core/window_routines.h"
+#include "app/forms/frmmenu.h"
+#include "mail/mail_editors.h"
+
+namespace qc {
+
+namespace {
+
+void TakeBackColor(QWidget* w, const QColor& c) {
+  QPalette p = w->palette();
+  p.setColor(QPalette::Base, c);
+  w->setPalette(p);
+}
+
+QPointer<FrmEmailto>& MailListSlot() {
+  static QPointer<FrmEmailto> slot;
+  return slot;
+}
+QPointer<FrmSubject>& SubjectSlot() {
+  static QPointer<FrmSubject> slot;
+  return slot;
+}
+QPointer<FrmBody>& BodySlot() {
+  static QPointer<FrmBody> slot;
+  return slot;
+}
+QPointer<FrmHead>& HeadSlot() {
+  static QPointer<FrmHead> slot;
+  return slot;
+}
+
+}  // namespace
+
+std::string BodyTemplatePath() {
+  // Joined bare on purpose: the file lies beside the folder.
+  return AppPath() + "txtBody.sys";
+}
+
+std::string EditorDefaultBody() {
+  return "paste your group tag here!\r\n"
+         "\r\n"
+         "title:\t\t\tidTitle$\r\n"
+         "artist:\t\t\tidArtist$\r\n"
+         "album:\t\t\tidAlbum$\r\n"
+         "release year:\t\tidYear$\r\n"
+         "genre:\t\t\tidGenre$\r\n"
+         "upload date:\t\tsysDate$\r\n"
+         "uploaded by:\t\tmyHandle$\r\n"
+         "file size:\t\t\tfileSize$\r\n"
+         "file name:\t\tfileName$\r\n"
+         "comment:\t\tidComment$";
+}
+
+void InsertTemplateKey(QWidget* box, TemplateKey key) {
+  const QString text = ToQ(KeyText(key));
+  if (auto* line = qobject_cast<QLineEdit*>(box)) {
+    line->insert(text);  // replaces the selection
+  } else if (auto* plain = qobject_cast<QPlainTextEdit*>(box)) {
+    plain->insertPlainText(text);
+  }
+  box->setFocus();
+}
+
+FrmSubject::FrmSubject(FrmMenu* menu, QWidget* parent)
+    : SecondaryWindow(QStringLiteral("frmSubject"), QStringLiteral("edit subject line"), 4095,
+                      1590, parent) {
+  Panel3D* face = pnlFrame();
+  txtSubj = new QLineEdit(face);
+  txtSubj->setObjectName(QStringLiteral("txtSubj"));
+  txtSubj->setFont(QFont(QStringLiteral("Arial")));
+  txtSubj->setText(ToQ(SettingOf(kSubjectSection, "subject").fixedDefault));
+  SetTwipsGeometry(txtSubj, 120, 420, 3855, 315);
+  pnlInfo = new Panel3D(face, QStringLiteral("pnlInfo"));
+  pnlInfo->setBevel(Panel3D::Bevel::kInset, 1);
+  pnlInfo->setCaptionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  SetTwipsGeometry(pnlInfo, 120, 795, 3855, 255);
+  panelSep = new Panel3D(face, QStringLiteral("panelSep"));
+  panelSep->setBevel(Panel3D::Bevel::kInset, 1);
+  SetTwipsGeometry(panelSep, 120, 1110, 3855, 30);
+  cmdMenu = new Command3D(QStringLiteral("&tags"), face, QStringLiteral("cmdMenu"));
+  SetTwipsGeometry(cmdMenu, 120, 1185, 1800, 285);
+  cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2175, 1185,
+                        1800, 285);
+  setSaveHook([this] { SaveSetting(kAppName, kSubjectSection, "subject", FromQ(txtSubj->text())); });
+  connect(txtSubj, &QLineEdit::textChanged, this, [this] { UpdateLetterCount(); });
+  QPointer<FrmMenu> m(menu);
+  connect(cmdMenu, &QPushButton::clicked, this, [this, m] {
+    if (m) PopupUnder(m->subjoptions, cmdMenu, this);
+  });
+
+  sizeFromFrame();
+  CenterWindow(this);
+  StayOnTop(this);
+  TakeBackColor(txtSubj, face->backColor());
+  txtSubj->setText(ToQ(GetTableSetting(kSubjectSection, "subject")));
+  UpdateLetterCount();
+}
+
+void FrmSubject::UpdateLetterCount() {
+  pnlInfo->setCaption(QStringLiteral(" letter count: ") + QString::number(txtSubj->text().size()));
+}
+
+FrmBody::FrmBody(FrmMenu* menu, QWidget* parent)
+    : SecondaryWindow(QStringLiteral("frmBody"), QStringLiteral("edit body"), 4095, 2880, parent) {
+  Panel3D* face = pnlFrame();
+  txtBody = new QPlainTextEdit(face);
+  txtBody->setObjectName(QStringLiteral("txtBody"));
+  txtBody->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  txtBody->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  txtBody->setLineWrapMode(QPlainTextEdit::NoWrap);
+  SetTwipsGeometry(txtBody, 120, 420, 3855, 1920);
+  panelSep = new Panel3D(face, QStringLiteral("panelSep"));
+  panelSep->setBevel(Panel3D::Bevel::kInset, 1);
+  SetTwipsGeometry(panelSep, 120, 2400, 3855, 30);
+  cmdMenu = new Command3D(QStringLiteral("&tags"), face, QStringLiteral("cmdMenu"));
+  SetTwipsGeometry(cmdMenu, 120, 2475, 1800, 285);
+  cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2175, 2475,
+                        1800, 285);
+  setSaveHook([this] { SaveTextFrom(txtBody, BodyTemplatePath()); });
+  QPointer<FrmMenu> m(menu);
+  connect(cmdMenu, &QPushButton::clicked, this, [this, m] {
+    if (m) PopupUnder(m->bodyOpt, cmdMenu, this);
+  });
+
+  sizeFromFrame();
+  CenterWindow(this);
+  StayOnTop(this);
+  TakeBackColor(txtBody, face->backColor());
+  LoadTextInto(txtBody, BodyTemplatePath());
+  if (BoxText(txtBody).empty()) {
+    // Opening the window is enough to create the file.
+    SetBoxText(txtBody, EditorDefaultBody());
+    SaveTextFrom(txtBody, BodyTemplatePath());
+  }
+}
+
+FrmHead::FrmHead(QWidget* parent)
+    : SecondaryWindow(QStringLiteral("frmHead"), QStringLiteral("head/footer options"), 2400,
+                      1290, parent) {
+  Panel3D* face = pnlFrame();
+  SSFrame1 = new Frame3D(QStringLiteral("ascii:"), face, QStringLiteral("SSFrame1"));
+  SetTwipsGeometry(SSFrame1, 120, 375, 2160, 435);
+  Label1 = new QLabel(QStringLiteral("start:"), SSFrame1);
+  Label1->setObjectName(QStringLiteral("Label1"));
+  SetTwipsGeometry(Label1, 90, 150, 435, 225);
+  asciiFront = new QLineEdit(SSFrame1);
+  asciiFront->setObjectName(QStringLiteral("asciiFront"));
+  asciiFront->setText(ToQ(SettingOf(kOptionsSection, "ascii1").fixedDefault));
+  SetTwipsGeometry(asciiFront, 525, 135, 555, 255);
+  Label2 = new QLabel(QStringLiteral("end:"), SSFrame1);
+  Label2->setObjectName(QStringLiteral("Label2"));
+  SetTwipsGeometry(Label2, 1140, 150, 375, 225);
+  asciiBack = new QLineEdit(SSFrame1);
+  asciiBack->setObjectName(QStringLiteral("asciiBack"));
+  asciiBack->setText(ToQ(SettingOf(kOptionsSection, "ascii2").fixedDefault));
+  SetTwipsGeometry(asciiBack, 1515, 135, 555, 255);
+  SSCommand1 = addSaveExit(QStringLiteral("SSCommand1"), QStringLiteral("save && exit"), 120, 885,
+                           2160, 285);
+  setSaveHook([this] {
+    SaveSetting(kAppName, kOptionsSection, "ascii1", FromQ(asciiFront->text()));
+    SaveSetting(kAppName, kOptionsSection, "ascii2", FromQ(asciiBack->text()));
+  });
+
+  sizeFromFrame();
+  TakeBackColor(asciiFront, face->backColor());
+  TakeBackColor(asciiBack, face->backColor());
+  asciiFront->setText(ToQ(GetTableSetting(kOptionsSection, "ascii1")));
+  asciiBack->setText(ToQ(GetTableSetting(kOptionsSection, "ascii2")));
+}
+
+FrmEmailto* MailListEditor() { return MailListSlot(); }
+FrmSubject* SubjectEditor() { return SubjectSlot(); }
+FrmBody* BodyEditor() { return BodySlot(); }
+FrmHead* HeadEditor() { return HeadSlot(); }
+
+FrmEmailto* OpenMailListEditor(FrmMenu* menu) { return OpenSecondary(MailListSlot(), menu); }
+FrmSubject* OpenSubjectEditor(FrmMenu* menu) { return OpenSecondary(SubjectSlot(), menu); }
+FrmBody* OpenBodyEditor(FrmMenu* menu) { return OpenSecondary(BodySlot(), menu); }
+FrmHead* OpenHeadEditor() { return OpenSecondary(HeadSlot()); }
+
+void ConnectMailEditors(FrmMenu& frmMenu) {
+  FrmMenu* menu = &frmMenu;
+  QObject::connect(frmMenu.editmailform, &QAction::triggered, menu,
+                   [menu] { OpenMailListEditor(menu); });
+  QObject::connect(frmMenu.editSubject, &QAction::triggered, menu,
+                   [menu] { OpenSubjectEditor(menu); });
+  QObject::connect(frmMenu.editBody, &QAction::triggered, menu, [menu] { OpenBodyEditor(menu); });
+  QObject::connect(frmMenu.headfootopt, &QAction::triggered, menu, [] { OpenHeadEditor(); });
+
+  // The list commands work on the open editor's active list.
+  const std::pair<QAction*, void (FrmEmailto::*)()> listCommands[] = {
+      {frmMenu.copyList, &FrmEmailto::CopyList},
+      {frmMenu.copySelected, &FrmEmailto::CopySelected},
+      {frmMenu.listSelectall, &FrmEmailto::SelectAll},
+      {frmMenu.chkRmvAll, &FrmEmailto::CheckAndRemoveFullBoxes},
+      {frmMenu.rmvSelected, &FrmEmailto::RemoveSelected},
+      {frmMenu.rmvAll, &FrmEmailto::RemoveAll},
+  };
+  for (const auto& [action, command] : listCommands) {
+    auto c = command;
+    QObject::connect(action, &QAction::triggered, menu, [c] {
+      if (FrmEmailto* w = MailListSlot()) (w->*c)();
+    });
+  }
+
+  const std::pair<QAction*, TemplateKey> subjectKeys[] = {
+      {frmMenu.insrtFile, TemplateKey::kFileName},   {frmMenu.insrtsize, TemplateKey::kFileSize},
+      {frmMenu.insrtTitle, TemplateKey::kIdTitle},   {frmMenu.insrtartist, TemplateKey::kIdArtist},
+      {frmMenu.insrtalbum, TemplateKey::kIdAlbum},   {frmMenu.insrtgenre, TemplateKey::kIdGenre},
+  };
+  for (const auto& [action, key] : subjectKeys) {
+    const TemplateKey k = key;
+    QObject::connect(action, &QAction::triggered, menu, [k] {
+      if (FrmSubject* w = SubjectSlot()) InsertTemplateKey(w->txtSubj, k);
+    });
+  }
+
+  const std::pair<QAction*, TemplateKey> bodyKeys[] = {
+      {frmMenu.inserttitle, TemplateKey::kIdTitle},     {frmMenu.insertartist, TemplateKey::kIdArtist},
+      {frmMenu.insertalbum, TemplateKey::kIdAlbum},     {frmMenu.insertyear, TemplateKey::kIdYear},
+      {frmMenu.insertgenre, TemplateKey::kIdGenre},     {frmMenu.insertcomment, TemplateKey::kIdComment},
+      {frmMenu.insertdate, TemplateKey::kSysDate},      {frmMenu.inserthandle, TemplateKey::kMyHandle},
+      {frmMenu.insertfsize, TemplateKey::kFileSize},    {frmMenu.insertfname, TemplateKey::kFileName},
+  };
+  for (const auto& [action, key] : bodyKeys) {
+    const TemplateKey k = key;
+    QObject::connect(action, &QAction::triggered, menu, [k] {
+      if (FrmBody* w = BodySlot()) InsertTemplateKey(w->txtBody, k);
+    });
+  }
+}
+
+}  // namespace qc

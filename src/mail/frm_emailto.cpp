@@ -1,0 +1,291 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+
+#include "app/core/app_path.h"
+#include "app/core/qt_glue.h"
+#include "app/core/settings_store.h"
+#include "app/core/window_routines.h"
+#include "app/forms/frmmenu.h"
+#include "app/list_addresses.h"
+#include "base/prompts.h"
+#include "base/pump.h"
+#include "client/full_box.h"
+#include "client/window_system.h"
+#include "mail/mail_editors.h"
+#include "mail/text/text.h"
+
+namespace qc {
+
+namespace {
+
+constexpr double kFrontTop = 675;
+constexpr double kBackTop = 2750;  // below the visible face
+
+void TakeBackColor(QWidget* w, const QColor& c) {
+  QPalette p = w->palette();
+  p.setColor(QPalette::Base, c);
+  w->setPalette(p);
+}
+
+std::string TrimBlanks(const std::string& s) {
+  const auto b = s.find_first_not_of(' ');
+  if (b == std::string::npos) return {};
+  return s.substr(b, s.find_last_not_of(' ') - b + 1);
+}
+
+}  // namespace
+
+std::string MemberListPath() { return AppPath() + "/lstMember.sys"; }
+std::string UploadListPath() { return AppPath() + "/lstUpload.sys"; }
+
+EntryBox::EntryBox(QWidget* parent, const QString& name) : QLineEdit(parent) {
+  setObjectName(name);
+}
+
+void EntryBox::InsertRaw(const std::string& text) {
+  const QString whole = this->text();
+  int at = cursorPosition();
+  int len = 0;
+  if (hasSelectedText()) {
+    at = selectionStart();
+    len = static_cast<int>(selectedText().size());
+  }
+  const QString piece = ToQ(text);
+  setText(whole.left(at) + piece + whole.mid(at + len));
+  setCursorPosition(at + static_cast<int>(piece.size()));
+}
+
+void EntryBox::PressKey(int character) {
+  emit keyPressed(character);
+  if (character == 13) {
+    InsertRaw("\r\n");
+  } else if (character >= 32 && character < 127) {
+    InsertRaw(std::string(1, static_cast<char>(character)));
+  }
+}
+
+void EntryBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    PressKey(13);
+    event->accept();
+    return;
+  }
+  if (event->matches(QKeySequence::Paste)) {
+    // Pasted lines keep their breaks; the change handler decides what stays.
+    InsertRaw(FromQ(QGuiApplication::clipboard()->text()));
+    event->accept();
+    return;
+  }
+  const QString t = event->text();
+  if (!t.isEmpty()) emit keyPressed(t.at(0).unicode());
+  QLineEdit::keyPressEvent(event);
+}
+
+FrmEmailto::FrmEmailto(FrmMenu* menu, QWidget* parent)
+    : SecondaryWindow(QStringLiteral("frmEmailto"), QStringLiteral("mail lists"), 2430, 2505,
+                      parent),
+      menu_(menu) {
+  Panel3D* face = pnlFrame();
+  optMember = new Option3D(QStringLiteral("&member list"), face, QStringLiteral("optMember"));
+  SetTwipsGeometry(optMember, 120, 375, 1095, 255);
+  optUpload = new Option3D(QStringLiteral("&upload list"), face, QStringLiteral("optUpload"));
+  SetTwipsGeometry(optUpload, 1260, 375, 1095, 255);
+
+  auto makeFrame = [face](const QString& caption, const QString& name, const QString& boxName,
+                          const QString& listName, EntryBox*& box, ListBox*& list) {
+    auto* frame = new Frame3D(caption, face, name);
+    SetTwipsGeometry(frame, 120, kFrontTop, 2190, 1365);
+    box = new EntryBox(frame, boxName);
+    SetTwipsGeometry(box, 90, 240, 2010, 285);
+    list = new ListBox(frame);
+    list->setObjectName(listName);
+    list->SetMultiSelect(ListBox::kExtended);
+    SetTwipsGeometry(list, 90, 570, 2010, 705);
+    return frame;
+  };
+  frmMember = makeFrame(QStringLiteral("member list"), QStringLiteral("frmMember"),
+                        QStringLiteral("txtMember"), QStringLiteral("lstMember"), txtMember,
+                        lstMember);
+  frmUpload = makeFrame(QStringLiteral("upload list"), QStringLiteral("frmUpload"),
+                        QStringLiteral("txtUpload"), QStringLiteral("lstUpload"), txtUpload,
+                        lstUpload);
+  SetTwipsTop(frmUpload, kBackTop);
+
+  panelSep = new Panel3D(face, QStringLiteral("panelSep"));
+  panelSep->setBevel(Panel3D::Bevel::kInset, 1);
+  SetTwipsGeometry(panelSep, 120, 2085, 2190, 30);
+  cmdMenu = new Command3D(QStringLiteral("&options"), face, QStringLiteral("cmdMenu"));
+  SetTwipsGeometry(cmdMenu, 120, 2160, 1035, 285);
+  cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 1275, 2160,
+                        1035, 285);
+  setSaveHook([this] { SaveLists(); });
+
+  optMember->setChecked(true);
+  connect(optMember, &QRadioButton::clicked, this, [this] { ShowList(true); });
+  connect(optUpload, &QRadioButton::clicked, this, [this] { ShowList(false); });
+  connect(txtMember, &EntryBox::keyPressed, this, [this](int c) { EntryKey(txtMember, c); });
+  connect(txtUpload, &EntryBox::keyPressed, this, [this](int c) { EntryKey(txtUpload, c); });
+  connect(txtMember, &QLineEdit::textChanged, this, [this] { EntryChanged(txtMember); });
+  connect(txtUpload, &QLineEdit::textChanged, this, [this] { EntryChanged(txtUpload); });
+  connect(cmdMenu, &QPushButton::clicked, this, [this] {
+    if (menu_) PopupUnder(menu_->mnuEmailto, cmdMenu, this);
+  });
+
+  memberAddresses_ = std::make_unique<ListBoxAddresses>(*lstMember);
+  uploadAddresses_ = std::make_unique<ListBoxAddresses>(*lstUpload);
+
+  // Load: size, on top, centred, the member list, the upload list, the face colour.
+  sizeFromFrame();
+  StayOnTop(this);
+  CenterWindow(this);
+  LoadListFile(MemberListPath(), *lstMember);
+  DoEvents();
+  LoadListFile(UploadListPath(), *lstUpload);
+  DoEvents();
+  const QColor back = face->backColor();
+  for (QWidget* w : {static_cast<QWidget*>(lstMember), static_cast<QWidget*>(txtMember),
+                     static_cast<QWidget*>(lstUpload), static_cast<QWidget*>(txtUpload)}) {
+    TakeBackColor(w, back);
+  }
+}
+
+ListBox& FrmEmailto::ActiveList() { return optMember->isChecked() ? *lstMember : *lstUpload; }
+
+AddressList& FrmEmailto::ActiveAddresses() {
+  return optMember->isChecked() ? *memberAddresses_ : *uploadAddresses_;
+}
+
+void FrmEmailto::ShowList(bool member) {
+  SetTwipsTop(member ? frmMember : frmUpload, kFrontTop);
+  SetTwipsTop(member ? frmUpload : frmMember, kBackTop);
+  (member ? txtMember : txtUpload)->setFocus();
+}
+
+void FrmEmailto::EntryKey(EntryBox* box, int character) {
+  if (character != 13) return;
+  const bool member = box == txtMember;
+  ListBox& list = member ? *lstMember : *lstUpload;
+
+  std::string entry = LowerCase(StripBlanks(FromQ(box->text())));
+  box->setText(QString());
+  if (entry.empty()) return;
+  if (InStr(entry, "(") != 0 || InStr(entry, ")") != 0) {
+    ReplaceAll(entry, ")(", ",");
+    ReplaceAll(entry, "(", "");
+    ReplaceAll(entry, ")", "");
+  }
+
+  if (InStr(entry, ",") == 0) {
+    for (long long i = 0; i < list.ListCount(); ++i) {
+      if (list.List(i) == entry) {
+        list.SetListIndex(i);
+        return;
+      }
+    }
+    list.AddItem(entry);
+    for (long long i = 0; i < list.ListCount(); ++i) {
+      if (list.List(i) == entry) {
+        list.SetListIndex(i);
+        break;
+      }
+    }
+    return;
+  }
+
+  std::string rest = entry + ",";
+  ReplaceAll(rest, ",,", "");
+  if (member) {
+    // No guard: a rest shorter than two characters asks for position 0 or -1 and fails.
+    const long long at = static_cast<long long>(rest.size()) - 1;
+    if (Mid(rest, at, 1) != ",") rest += ",";
+  }
+  while (!TrimBlanks(rest).empty()) {
+    const std::string item = TextBefore(rest, ",");
+    rest = TextAfter(rest, ",");
+    if (item.empty()) continue;
+    bool listed = false;
+    for (long long i = 0; i < list.ListCount(); ++i) {
+      if (list.List(i) == item) {
+        listed = true;
+        break;
+      }
+    }
+    if (!listed) list.AddItem(item);
+  }
+}
+
+void FrmEmailto::EntryChanged(EntryBox* box) {
+  const std::string text = FromQ(box->text());
+  const bool cr = text.find('\r') != std::string::npos;
+  const bool lf = text.find('\n') != std::string::npos;
+  if (box == txtMember ? !cr : !(cr || lf)) return;
+  std::string t = text;
+  ReplaceAll(t, "\r", "");
+  box->setText(ToQ(t));
+  t = FromQ(box->text());
+  ReplaceAll(t, "\n", "");
+  box->setText(ToQ(t));
+}
+
+void FrmEmailto::CopyList() {
+  ListBox& list = ActiveList();
+  std::string text;
+  for (long long i = 0; i < list.ListCount(); ++i) text += list.List(i) + ", ";
+  QClipboard* clip = QGuiApplication::clipboard();
+  clip->clear();
+  clip->setText(ToQ(text));
+}
+
+void FrmEmailto::CopySelected() {
+  ListBox& list = ActiveList();
+  std::string text;
+  for (long long i = 0; i < list.ListCount(); ++i) {
+    if (list.Selected(i)) text += list.List(i) + ", ";
+  }
+  QClipboard* clip = QGuiApplication::clipboard();
+  clip->clear();
+  clip->setText(ToQ(text));
+}
+
+void FrmEmailto::SelectAll() {
+  ListBox& list = ActiveList();
+  for (long long i = 0; i < list.ListCount(); ++i) {
+    list.SetSelected(i, true);
+    DoEvents();
+  }
+}
+
+void FrmEmailto::RemoveSelected() {
+  ListBox& list = ActiveList();
+  for (long long i = 0; i < list.ListCount(); ++i) {
+    if (list.Selected(i)) {
+      list.RemoveItem(i);
+      --i;  // the item that moved up is looked at too
+    }
+  }
+}
+
+void FrmEmailto::RemoveAll() { ActiveList().Clear(); }
+
+void FrmEmailto::CheckAndRemoveFullBoxes() {
+  // The active list is taken anew at the removal: the user may switch lists during the wait.
+  const std::string removed = RemoveFullBoxes(
+      CurrentWindowSystem(), [this]() -> AddressList& { return ActiveAddresses(); });
+  if (removed.empty()) {
+    CurrentPrompts().MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
+  } else {
+    CurrentPrompts().MsgBox("email addresses that were full or invalid are:\r\r" + removed +
+                                "\rthey have been removed!",
+                            kSystemModal | kInformation, kAppName);
+  }
+}
+
+void FrmEmailto::SaveLists() {
+  SaveListFile(MemberListPath(), *lstMember);
+  DoEvents();
+  SaveListFile(UploadListPath(), *lstUpload);
+  DoEvents();
+}
+
+}  // namespace qc
