@@ -16,7 +16,10 @@
 #include "shell/skin_art.h"
 #include "shell/startup.h"
 #include "sim/sim_client.h"
+#include "sim/sim_chat.h"
 #include "sim/sim_desktop.h"
+#include "sim/sim_im.h"
+#include "sim/sim_mail.h"
 
 #include "sim/viewer/client_viewer.h"
 
@@ -27,7 +30,13 @@ namespace {
 struct EmbeddedClient {
   qc::sim::SimDesktop desktop;
   std::unique_ptr<qc::sim::SimClient> client;
+  std::unique_ptr<qc::sim::SimMail> mail;
+  std::unique_ptr<qc::sim::SimChat> chat;
+  std::unique_ptr<qc::sim::SimIm> ims;
 };
+
+// The chat room the embedded client has open while signed on.
+constexpr const char* kChatRoom = "Town Square - Lobby 12";
 
 std::unique_ptr<EmbeddedClient> StartClient() {
   const QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -41,6 +50,10 @@ std::unique_ptr<EmbeddedClient> StartClient() {
 
   auto embedded = std::make_unique<EmbeddedClient>();
   embedded->client = std::make_unique<qc::sim::SimClient>(embedded->desktop, options);
+  embedded->mail = std::make_unique<qc::sim::SimMail>(*embedded->client);
+  embedded->chat = std::make_unique<qc::sim::SimChat>(*embedded->client);
+  embedded->ims = std::make_unique<qc::sim::SimIm>(*embedded->client);
+  if (options.signedOn) embedded->chat->OpenRoom(kChatRoom);
   qc::SetWindowSystem(&embedded->desktop);
   return embedded;
 }

@@ -10,8 +10,10 @@
 #include "app/core/window_routines.h"
 #include "app/forms/frmmain.h"
 #include "app/forms/frmmenu.h"
+#include "app/chat.h"
 #include "app/runlog.h"
 #include "app/stats.h"
+#include "app/tagging_run.h"
 #include "base/prompts.h"
 #include "catalogue/catalogue.h"
 #include "client/client_commands.h"
@@ -20,10 +22,6 @@
 #include "shell/help.h"
 #include "shell/startup.h"
 
-#if __has_include("app/tagging_run.h")
-#include "app/tagging_run.h"
-#define QC_HAVE_TAGGING_RUN 1
-#endif
 
 namespace qc {
 
@@ -131,9 +129,8 @@ void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
   ConnectStats(frmMain, frmMenu);
   ConnectRunLog(frmMain, frmMenu);
   ConnectCatalogue(frmMain, frmMenu2);
-#ifdef QC_HAVE_TAGGING_RUN
+  ConnectChatTools(frmMain, frmMenu);
   ConnectTaggingRun(frmMain, frmMenu);
-#endif
 }
 
 }  // namespace qc

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "app/chat.h"
 #include "app/core/qt_glue.h"
 #include "app/core/settings_store.h"
 #include "app/core/window_routines.h"
@@ -18,10 +19,6 @@
 #include "shell/menu_wiring.h"
 #include "shell/skin_art.h"
 
-#if __has_include("app/chat.h")
-#include "app/chat.h"
-#define QC_HAVE_CHAT 1
-#endif
 
 namespace qc {
 
@@ -185,16 +182,8 @@ void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu) {
 
 void SetExitHook(std::function<void()> hook) { ExitHook() = std::move(hook); }
 
-void GreetChatRoom([[maybe_unused]] const FrmMain& frmMain) {
-#ifdef QC_HAVE_CHAT
-  SendStartBlock(frmMain);
-#endif
-}
+void GreetChatRoom(const FrmMain& frmMain) { SendStartBlock(frmMain); }
 
-void SayGoodbyeInChat([[maybe_unused]] const FrmMain& frmMain) {
-#ifdef QC_HAVE_CHAT
-  SendEndBlock(frmMain);
-#endif
-}
+void SayGoodbyeInChat(const FrmMain& frmMain) { SendEndBlock(frmMain); }
 
 }  // namespace qc

@@ -94,7 +94,7 @@ void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu);
 // runs). Tests replace it; an empty hook restores the default.
 void SetExitHook(std::function<void()> hook);
 
-// The chat room's greeting and farewell (the chat tools send them when they are built in).
+// The chat room's greeting and farewell; nothing without a room.
 void GreetChatRoom(const FrmMain& frmMain);
 void SayGoodbyeInChat(const FrmMain& frmMain);
 

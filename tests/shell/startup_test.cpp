@@ -15,6 +15,7 @@
 #include "client/window_system.h"
 #include "shell/menu_wiring.h"
 #include "shell/startup.h"
+#include "sim/sim_chat.h"
 #include "sim/sim_client.h"
 #include "sim/sim_desktop.h"
 #include "support/budget.h"
@@ -260,6 +261,59 @@ TEST_F(StartupTest, WholeLoadFromSplashToMainWindow) {
   // frmMain took the skin's size and outline.
   EXPECT_EQ(frmMain_.size(), frmMain_.Picture1->size());
   EXPECT_FALSE(frmMain_.mask().isEmpty());
+}
+
+TEST_F(StartupTest, LoadGreetsTheRoomBeforeTheMainWindowShows) {
+  StartClient(5);
+  sim::SimChat chat(*client_);
+  const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
+  test::ScriptedPrompts prompts;
+  test::VirtualTime time;
+  FrmMenu2 menu2;
+  bool shownEarly = false;
+  const PumpHookId hook = AddPumpHook([&] {
+    if (chat.Transcript(room).size() < 3 && frmMain_.isVisible()) shownEarly = true;
+  });
+  auto* start = new FrmStart({&frmMain_, &frmMenu_, &menu2});
+  start->Open();
+  start->tmrLoad->stop();
+  {
+    test::PumpBudget budget(100000);
+    start->LoadTick();
+  }
+  RemovePumpHook(hook);
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(shownEarly);
+  EXPECT_TRUE(frmMain_.isVisible());
+  const std::vector<std::string> lines = chat.Transcript(room);
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_NE(lines[1].find("start"), std::string::npos) << lines[1];
+}
+
+TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
+  StartClient(5);
+  sim::SimChat chat(*client_);
+  const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
+  test::VirtualTime time;
+  frmMain_.show();
+  frmMain_.lblUps->setText("5");
+  bool visibleDuringGoodbye = false;
+  bool savedBeforeGoodbye = false;
+  const PumpHookId hook = AddPumpHook([&] {
+    if (frmMain_.isVisible()) visibleDuringGoodbye = true;
+    if (Stored("ups") != "<none>") savedBeforeGoodbye = true;
+  });
+  {
+    test::PumpBudget budget(100000);
+    EXPECT_THROW(ExitProgram(frmMain_, frmMenu_), ProgramEnded);
+  }
+  RemovePumpHook(hook);
+  EXPECT_FALSE(visibleDuringGoodbye);
+  EXPECT_FALSE(savedBeforeGoodbye);
+  EXPECT_EQ(Stored("ups"), "5");
+  const std::vector<std::string> lines = chat.Transcript(room);
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_NE(lines[1].find("end"), std::string::npos) << lines[1];
 }
 
 TEST(InstanceLockTest, SecondInstanceIsRefusedUntilTheFirstEnds) {
