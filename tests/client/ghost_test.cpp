@@ -44,6 +44,17 @@ TEST_P(GhostTest, SetsExactlyTheTablesControlsAndClosesUp) {
     for (int i = 0; i < 100; ++i) WaitEvents();  // the posted close
   }
   EXPECT_EQ(im.PrivacyWrites(), c.writes);
+  const bool isNew = c.generation >= 4;
+  EXPECT_TRUE(client.HasEvent(sim::kEventKeyword, isNew ? "Buddy" : "Buddylist"));
+  // The list's 5th icon: pressed twice on the old clients, once on the new.
+  int presses = 0;
+  for (const auto& t : d.Trace()) {
+    if (t.op == "PostMessageA" && t.message == aol::kWmLButtonDown &&
+        t.line.find("AOL Child/_AOL_Icon#5 ") != std::string::npos) {
+      ++presses;
+    }
+  }
+  EXPECT_EQ(presses, isNew ? 1 : 2);
   ASSERT_EQ(im.Saves().size(), 1u);
   EXPECT_TRUE(im.BuddyWindows().empty());
   EXPECT_EQ(im.Privacy(), 0);  // closed by the OK box
