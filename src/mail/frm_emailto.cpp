@@ -11,6 +11,8 @@
 #include "base/prompts.h"
 #include "base/pump.h"
 #include "client/full_box.h"
+#include "client/vocabulary.h"
+#include "client/window_routines.h"
 #include "client/window_system.h"
 #include "mail/mail_editors.h"
 #include "mail/text/text.h"
@@ -270,8 +272,11 @@ void FrmEmailto::RemoveAll() { ActiveList().Clear(); }
 
 void FrmEmailto::CheckAndRemoveFullBoxes() {
   // The active list is taken anew at the removal: the user may switch lists during the wait.
-  const std::string removed = RemoveFullBoxes(
-      CurrentWindowSystem(), [this]() -> AddressList& { return ActiveAddresses(); });
+  WindowSystem& ws = CurrentWindowSystem();
+  const std::string removed =
+      RemoveFullBoxes(ws, [this]() -> AddressList& { return ActiveAddresses(); });
+  // The check ended early, before any report, on generation 2 or without the client's frame.
+  if (ClientVersion(ws) == 2 || ws.FindWindowA(aol::kFrameClass, std::nullopt) == 0) return;
   if (removed.empty()) {
     CurrentPrompts().MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
   } else {

@@ -1,0 +1,178 @@
+// The subject and body editors, the decoration editor, and the menu items that open them and
+// insert keys.
+#include <QAction>
+#include <QTextCursor>
+
+#include "app/forms/frmmenu.h"
+#include "mail_editors_fixture.h"
+
+namespace qc::test {
+namespace {
+
+const std::string kDefaultSubject =
+    "\u00B7\u2022 \u00F3mbreval\u00E8 \u2022\u00B7[idArtist$]-idTitle$";
+const std::string kDefaultBody =
+    "paste your group tag here!\r\n\r\n"
+    "title:\t\t\tidTitle$\r\nartist:\t\t\tidArtist$\r\nalbum:\t\t\tidAlbum$\r\n"
+    "release year:\t\tidYear$\r\ngenre:\t\t\tidGenre$\r\nupload date:\t\tsysDate$\r\n"
+    "uploaded by:\t\tmyHandle$\r\nfile size:\t\t\tfileSize$\r\nfile name:\t\tfileName$\r\n"
+    "comment:\t\tidComment$";
+
+class TemplateTest : public EditorTest {
+ protected:
+  std::string bodyFile = app + "txtBody.sys";  // beside the folder, not in it
+  static void Close(SecondaryWindow* w) {
+    w->saveAndExit();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+};
+
+TEST_F(TemplateTest, SubjectFromTheStoreWithItsLetterCount) {
+  auto* w = new FrmSubject();
+  EXPECT_EQ(w->windowTitle(), QString("edit subject line"));
+  EXPECT_EQ(w->txtSubj->text().toStdString(), kDefaultSubject);
+  EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 35"));
+  w->txtSubj->setText("ab");
+  EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 2"));
+  // Nothing is stored before save & exit.
+  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "missing");
+  w->txtSubj->setText(QString());
+  EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 0"));
+  w->cmdExit->click();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  // The empty template is stored, and the default no longer applies.
+  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "");
+  FrmSubject again;
+  EXPECT_EQ(again.txtSubj->text(), QString());
+  again.txtSubj->setText("[grp - idArtist$]");
+  again.saveAndExit();
+  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", ""), "[grp - idArtist$]");
+}
+
+TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
+  ASSERT_FALSE(Exists(bodyFile));
+  auto* w = new FrmBody();
+  EXPECT_EQ(w->windowTitle(), QString("edit body"));
+  // Opening alone creates the file.
+  EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");
+  EXPECT_FALSE(Exists(app + "/txtBody.sys"));
+
+  // Emptied and saved: two bytes.
+  w->txtBody->clear();
+  Close(w);
+  EXPECT_EQ(ReadBytes(bodyFile), "\r\n");
+
+  // The next opening finds no text and writes the default over it.
+  w = new FrmBody();
+  EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");
+  w->txtBody->setPlainText("line one\nline two");
+  EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");  // not before save & exit
+  w->cmdExit->click();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(ReadBytes(bodyFile), "line one\r\nline two\r\n");
+
+  FrmBody kept;
+  EXPECT_EQ(kept.txtBody->toPlainText(), QString("line one\nline two"));
+  EXPECT_EQ(ReadBytes(bodyFile), "line one\r\nline two\r\n");
+}
+
+TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
+  FrmMenu menu;
+  ConnectMailEditors(menu);
+  menu.editSubject->trigger();
+  FrmSubject* subject = SubjectEditor();
+  ASSERT_NE(subject, nullptr);
+  EXPECT_TRUE(subject->isVisible());
+  subject->txtSubj->setText("[a - b]");
+  subject->txtSubj->setSelection(5, 1);  // "b"
+  menu.insrtTitle->trigger();
+  EXPECT_EQ(subject->txtSubj->text(), QString("[a - idTitle$]"));
+  subject->txtSubj->setCursorPosition(1);
+  menu.insrtFile->trigger();
+  EXPECT_EQ(subject->txtSubj->text(), QString("[fileName$a - idTitle$]"));
+
+  const std::pair<QAction*, const char*> subjectItems[] = {
+      {menu.insrtsize, "fileSize$"}, {menu.insrtartist, "idArtist$"},
+      {menu.insrtalbum, "idAlbum$"}, {menu.insrtgenre, "idGenre$"}};
+  for (const auto& [action, key] : subjectItems) {
+    subject->txtSubj->clear();
+    action->trigger();
+    EXPECT_EQ(subject->txtSubj->text(), QString(key));
+  }
+
+  menu.editBody->trigger();
+  FrmBody* body = BodyEditor();
+  ASSERT_NE(body, nullptr);
+  const std::pair<QAction*, const char*> bodyItems[] = {
+      {menu.inserttitle, "idTitle$"},     {menu.insertartist, "idArtist$"},
+      {menu.insertalbum, "idAlbum$"},     {menu.insertyear, "idYear$"},
+      {menu.insertgenre, "idGenre$"},     {menu.insertcomment, "idComment$"},
+      {menu.insertdate, "sysDate$"},      {menu.inserthandle, "myHandle$"},
+      {menu.insertfsize, "fileSize$"},    {menu.insertfname, "fileName$"}};
+  for (const auto& [action, key] : bodyItems) {
+    body->txtBody->setPlainText("x[sel]y");
+    QTextCursor c = body->txtBody->textCursor();
+    c.setPosition(1);
+    c.setPosition(6, QTextCursor::KeepAnchor);
+    body->txtBody->setTextCursor(c);
+    action->trigger();
+    EXPECT_EQ(body->txtBody->toPlainText(), QString("x") + key + "y");
+  }
+  Close(subject);
+  Close(body);
+  EXPECT_EQ(SubjectEditor(), nullptr);
+  EXPECT_EQ(BodyEditor(), nullptr);
+}
+
+TEST_F(TemplateTest, MenuItemsOpenEachEditorOnce) {
+  FrmMenu menu;
+  ConnectMailEditors(menu);
+  menu.editmailform->trigger();
+  FrmEmailto* lists = MailListEditor();
+  ASSERT_NE(lists, nullptr);
+  menu.editmailform->trigger();
+  EXPECT_EQ(MailListEditor(), lists);
+  EXPECT_TRUE(lists->isVisible());
+  menu.headfootopt->trigger();
+  ASSERT_NE(HeadEditor(), nullptr);
+  EXPECT_TRUE(HeadEditor()->isVisible());
+  // The list commands reach the open editor.
+  lists->lstMember->AddItem("a");
+  menu.rmvAll->trigger();
+  EXPECT_EQ(lists->lstMember->ListCount(), 0);
+  Close(lists);
+  Close(HeadEditor());
+  EXPECT_EQ(MailListEditor(), nullptr);
+  EXPECT_EQ(HeadEditor(), nullptr);
+}
+
+TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
+  {
+    FrmHead w;
+    EXPECT_EQ(w.asciiFront->text().toStdString(), "\u00B7\u2022(`(`\u00B7");
+    EXPECT_EQ(w.asciiBack->text().toStdString(), "\u00B7\u00B4)\u00B4)\u2022\u00B7");
+    EXPECT_EQ(w.SSCommand1->text(), QString("save && exit"));
+    w.asciiFront->setText(QString::fromUtf8("\u2022\u00B4\u00B7"));
+    w.asciiBack->setText(QString::fromUtf8("\u00B7\u00B4\u2022"));
+    EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", "none"), "none");
+    w.saveAndExit();
+  }
+  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", ""), "\u2022\u00B4\u00B7");
+  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii2", ""), "\u00B7\u00B4\u2022");
+  {
+    FrmHead w;
+    EXPECT_EQ(w.asciiFront->text().toStdString(), "\u2022\u00B4\u00B7");
+    EXPECT_EQ(w.asciiBack->text().toStdString(), "\u00B7\u00B4\u2022");
+    w.asciiFront->clear();
+    w.asciiBack->clear();
+    w.saveAndExit();
+  }
+  FrmHead w;
+  EXPECT_EQ(w.asciiFront->text(), QString());
+  EXPECT_EQ(w.asciiBack->text(), QString());
+  EXPECT_EQ(GetTableSetting(kOptionsSection, "ascii1"), "");
+  EXPECT_EQ(GetTableSetting(kOptionsSection, "ascii2"), "");
+}
+
+}  // namespace
+}  // namespace qc::test
