@@ -1,9 +1,7 @@
 #include "app/tagging_run.h"
 
 #include <QAction>
-#include <filesystem>
 
-#include "app/core/app_path.h"
 #include "app/core/settings_store.h"
 #include "app/core/window_routines.h"
 #include "app/dates.h"
@@ -18,6 +16,7 @@
 #include "catalogue/codec/id3v1.h"
 #include "client/vocabulary.h"
 #include "client/window_system.h"
+#include "mail/mail_editors.h"
 #include "mail/text/text.h"
 #include "mail/text/text_files.h"
 
@@ -27,10 +26,6 @@ namespace {
 constexpr char kCrLf[] = "\r\n";
 
 std::string TrimmedNumber(double value) { return Trim(PaddedNumberText(value)); }
-
-std::string InAppFolder(const std::string& name) {
-  return AppPath() + std::string(1, std::filesystem::path::preferred_separator) + name;
-}
 
 void AppendListFile(ListBox& list, const std::string& path) {
   LoadListFile(path, [&list](const std::string& item) { list.AddItem(item); });
@@ -104,8 +99,8 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   // The sender always gets a copy of everything; duplicates stay.
   frmMain.lstSend->Clear();
   frmMain.lstSend->AddItem(drivers.clientScreenName());
-  if (frmMenu.check("memberlst")) AppendListFile(*frmMain.lstSend, InAppFolder("lstMember.sys"));
-  if (frmMenu.check("uploadlst")) AppendListFile(*frmMain.lstSend, InAppFolder("lstUpload.sys"));
+  if (frmMenu.check("memberlst")) AppendListFile(*frmMain.lstSend, MemberListPath());
+  if (frmMenu.check("uploadlst")) AppendListFile(*frmMain.lstSend, UploadListPath());
 
   if (frmMenu.check("deadchecknames")) {
     ListBoxAddresses sendList(*frmMain.lstSend);
@@ -144,8 +139,8 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
     }
     tag = ReadId3Tag(path);
 
-    // The body file lies beside the folder, the folder's name as its prefix.
-    std::string bodyText = ReadTextFile(AppPath() + "txtBody.sys");
+    // The same file the body editor writes, beside the program's folder.
+    std::string bodyText = ReadTextFile(BodyTemplatePath());
     if (bodyText.empty()) bodyText = DefaultBodyTemplate();
     bodyText += std::string(kCrLf) + kCrLf + kCrLf + BodyClosingLine();
 
@@ -206,7 +201,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   Pause(0.1);
 
   if (frmMenu.check("sendlater")) {
-    if (drivers.clientVersion() == 3) drivers.runMainMenu("Read &Outgoing Flashmail");
+    if (drivers.clientVersion() == 3) drivers.runMainMenu(aol::kMenuOutgoingMail);
     if (drivers.clientVersion() == 5) {
       Pause(0.5);
       drivers.runToolbarMenu(3, 15);
