@@ -18,6 +18,7 @@
 #include "catalogue/catalogue.h"
 #include "client/client_commands.h"
 #include "client/window_system.h"
+#include "mail/mail_editors.h"
 #include "shell/frm_about.h"
 #include "shell/help.h"
 #include "shell/startup.h"
@@ -129,6 +130,7 @@ void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
   ConnectStats(frmMain, frmMenu);
   ConnectRunLog(frmMain, frmMenu);
   ConnectCatalogue(frmMain, frmMenu2);
+  ConnectMailEditors(frmMenu);
   ConnectChatTools(frmMain, frmMenu);
   ConnectTaggingRun(frmMain, frmMenu);
 }

@@ -11,6 +11,7 @@
 #include "app/forms/frmmain.h"
 #include "app/forms/frmmenu.h"
 #include "client/window_system.h"
+#include "mail/mail_editors.h"
 #include "shell/frm_about.h"
 #include "shell/menu_wiring.h"
 #include "shell/startup.h"
@@ -204,6 +205,18 @@ TEST_F(MenuWiringTest, AboutShowsTheHandleAsItStoodAtOpening) {
   EXPECT_EQ(about->lblName->text(), "dj quill");
   about->close();
   delete about;
+}
+
+TEST_F(MenuWiringTest, EditorItemsOpenTheirWindowsWithoutBlocking) {
+  Wire();
+  frmMenu_.editSubject->trigger();
+  ASSERT_NE(SubjectEditor(), nullptr);
+  EXPECT_TRUE(SubjectEditor()->isVisible());
+  frmMenu_.headfootopt->trigger();
+  ASSERT_NE(HeadEditor(), nullptr);
+  EXPECT_TRUE(HeadEditor()->isVisible());
+  delete SubjectEditor();
+  delete HeadEditor();
 }
 
 #ifdef QC_QUILLCAST_BIN
