@@ -14,6 +14,7 @@
 #include "base/prompts.h"
 #include "sim/sim_chat.h"
 #include "sim/sim_client.h"
+#include "sim/sim_im.h"
 #include "support/budget.h"
 #include "support/scripted_prompts.h"
 
@@ -340,6 +341,34 @@ TEST_F(ChatTest, MenuItemsAndButtonsReachTheirRoutines) {
     if (e.op == "ShowWindow") shows.push_back(e.line.substr(e.line.rfind(' ') + 1));
   }
   EXPECT_EQ(shows, (Lines{"0", "6", "0", "6", "0", "9", "0", "9"}));
+}
+
+TEST(ChatToolsMenu, ImsAndGhostFollowTheClientsGeneration) {
+  for (int generation : {3, 5}) {
+    test::VirtualTime vt;
+    sim::SimDesktop d;
+    sim::SimClient client(d, {.generation = generation});
+    sim::SimIm im(client);
+    SetWindowSystem(&d);
+    FrmMain f;
+    FrmMenu m;
+    ConnectChatTools(f, m);
+    {
+      test::PumpBudget budget(50000);
+      m.imzzoff->trigger();
+      m.imzonn->trigger();
+      m.gonnnnn->trigger();
+      m.gofffff->trigger();
+    }
+    SetWindowSystem(nullptr);
+    EXPECT_EQ(im.Sent(), (std::vector<sim::ImRecord>{{"$im_off", "\xC2\xA0"}, {"$im_on", "\xC2\xA0"}}));
+    using Writes = std::vector<std::pair<int, int>>;
+    const Writes expected = generation == 5
+        ? Writes{{5, -1}, {7, -1}, {1, -1}}
+        : Writes{{1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, -1}, {6, 0}, {7, -1},
+                 {1, -1}, {2, 0}, {3, 0}, {4, 0}, {5, 0}, {6, -1}, {7, 0}};
+    EXPECT_EQ(im.PrivacyWrites(), expected) << generation;
+  }
 }
 
 }  // namespace
