@@ -81,14 +81,14 @@ int main(int argc, char** argv) {
   auto* frmMenu2 = new qc::FrmMenu2;
   qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2);
 
+  auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2});
+  frmStart->Open();  // the generation warning, if any, comes before any other window
+
   // The user's window onto the client: at the screen's right, beside the centred main window.
   auto* viewer = new qc::sim::ClientViewer(embedded->desktop, embedded->client.get());
   const QRect desk = QGuiApplication::primaryScreen()->availableGeometry();
   const int width = std::min(420, desk.width() / 3);
   viewer->setGeometry(desk.right() - width - 8, desk.top() + 30, width, desk.height() - 60);
   viewer->show();
-
-  auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2});
-  frmStart->Open();
   return app.exec();
 }
