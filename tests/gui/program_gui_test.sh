@@ -93,4 +93,18 @@ eval "$(xdotool getwindowgeometry --shell "$WIN")"
 [ "$Y" = "$WY" ] || fail "rolled down to top $Y, not $WY"
 
 kill -0 $PID 2>/dev/null || fail "the program ended"
+
+# The exit button: the program ends at once with status 0, having saved the user's keys.
+xdotool mousemove $((WX + 230)) $((WY + 16))
+sleep 0.2
+xdotool click 1
+for _ in $(seq 1 50); do kill -0 $PID 2>/dev/null || break; sleep 0.1; done
+kill -0 $PID 2>/dev/null && fail "the program did not end on exit"
+status=0
+wait $PID || status=$?
+[ "$status" = 0 ] || fail "exit status $status"
+INI=$XDG_CONFIG_HOME/quillcast/quillcast.ini
+grep -q '^handle=Brindle Rose$' "$INI" || fail "handle not saved"
+grep -q '^frmmenu.renamecomment.Checked=0$' "$INI" || fail "flags not saved"
+grep -q '^ups=0$' "$INI" || fail "totals not saved"
 echo "PASS: screenshots in $OUT"
