@@ -20,7 +20,7 @@ namespace qc::sim {
 
 inline constexpr char kEventChatLine[] = "chat line";  // detail: the line
 
-enum class RoomForm { kA, kB };         // A: RICHCNTL, list, icon, static, combo; B: view, icon, list
+enum class RoomForm { kA, kB };  // A: RICHCNTL, list, icon, static, combo; B: view, icon, list
 enum class RoomInput { kRichPair, kAolEdit };
 
 class SimChat {

@@ -1,8 +1,8 @@
 // Chat announcements as they reach the simulated room, the sender's cut, tail and restore, the
 // room search, the transfer status extraction, upchat mode and the menu wiring.
-#include <QAction>
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <string>
 #include <vector>
 
@@ -42,7 +42,8 @@ class ChatTest : public ::testing::Test {
   Lines MessagesTo(Hwnd window, std::uint32_t message) {
     Lines out;
     for (const auto& t : d.Trace()) {
-      if (t.window == window && t.message == message && t.op == "SendMessageA") out.push_back(t.line);
+      if (t.window == window && t.message == message && t.op == "SendMessageA")
+        out.push_back(t.line);
     }
     return out;
   }
@@ -105,9 +106,8 @@ TEST_F(ChatTest, ScrollFormsDifferByOneMark) {
     ScrollStats(true);
   }
   const std::string rest = "  song name.mp3 : 45% : 1.25" + kTail;
-  EXPECT_EQ(chat.Transcript(room),
-            (Lines{kLine1 + kTail, kLine2Head + rest, kLine3 + kTail, kLine1 + kTail,
-                   kMenuHead + rest, kLine3 + kTail}));
+  EXPECT_EQ(chat.Transcript(room), (Lines{kLine1 + kTail, kLine2Head + rest, kLine3 + kTail,
+                                          kLine1 + kTail, kMenuHead + rest, kLine3 + kTail}));
 }
 
 TEST_F(ChatTest, ScrollWithoutTransferSaysNoneThrice) {
@@ -159,8 +159,8 @@ TEST_F(ChatTest, CutAtNinetyTwoBeforeTheTail) {
     bool cut;
     std::size_t sent;
   };
-  const Case cases[] = {{91, true, 91}, {92, true, 92}, {93, true, 92}, {93, false, 93},
-                        {200, true, 92}};
+  const Case cases[] = {
+      {91, true, 91}, {92, true, 92}, {93, true, 92}, {93, false, 93}, {200, true, 92}};
   for (const Case& c : cases) {
     std::string text(c.length, 'a');
     bool tail = true;
@@ -232,9 +232,14 @@ TEST_F(ChatTest, TransferStatusFromTheWindowsTexts) {
     TransferStatus expected;
   };
   const Case cases[] = {
-      {"File Transfer - 45%", "Now uploading song.mp3", "Sent: 1.25 MB of 3.40 MB",
+      {"File Transfer - 45%",
+       "Now uploading song.mp3",
+       "Sent: 1.25 MB of 3.40 MB",
        {"45", "1.25", " song.mp3"}},
-      {"File Transfer - 100%", "Now uploading a b.mp3", "Sent: 3.40 MB", {"100", "3.40", " a b.mp3"}},
+      {"File Transfer - 100%",
+       "Now uploading a b.mp3",
+       "Sent: 3.40 MB",
+       {"100", "3.40", " a b.mp3"}},
       {"File Transfer - ab%", "Now uploading x.mp3", "Sent: lots of it", {"na", "na", " x.mp3"}},
       // No "r - ": the text is taken from its fourth character.
       {"Upload - 45%", "Now uploading x.mp3", "Sent: 2 MB", {"na", "2", " x.mp3"}},
@@ -361,12 +366,13 @@ TEST(ChatToolsMenu, ImsAndGhostFollowTheClientsGeneration) {
       m.gofffff->trigger();
     }
     SetWindowSystem(nullptr);
-    EXPECT_EQ(im.Sent(), (std::vector<sim::ImRecord>{{"$im_off", "\xC2\xA0"}, {"$im_on", "\xC2\xA0"}}));
+    EXPECT_EQ(im.Sent(),
+              (std::vector<sim::ImRecord>{{"$im_off", "\xC2\xA0"}, {"$im_on", "\xC2\xA0"}}));
     using Writes = std::vector<std::pair<int, int>>;
     const Writes expected = generation == 5
-        ? Writes{{5, -1}, {7, -1}, {1, -1}}
-        : Writes{{1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, -1}, {6, 0}, {7, -1},
-                 {1, -1}, {2, 0}, {3, 0}, {4, 0}, {5, 0}, {6, -1}, {7, 0}};
+                                ? Writes{{5, -1}, {7, -1}, {1, -1}}
+                                : Writes{{1, 0},  {2, 0}, {3, 0}, {4, 0}, {5, -1}, {6, 0},  {7, -1},
+                                         {1, -1}, {2, 0}, {3, 0}, {4, 0}, {5, 0},  {6, -1}, {7, 0}};
     EXPECT_EQ(im.PrivacyWrites(), expected) << generation;
   }
 }

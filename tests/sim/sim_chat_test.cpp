@@ -33,7 +33,7 @@ TEST_F(SimChatTest, TypedLineGoesToTheTranscriptOnEnterAndTheBoxEmpties) {
   EXPECT_EQ(d.TextOf(box), "hi");
   d.SendMessageA(box, aol::kWmChar, 13, LParam());
   d.SendMessageA(box, aol::kWmChar, 13, LParam());  // a second Enter before the client reacts
-  EXPECT_EQ(d.TextOf(box), "hi");                    // takes a while
+  EXPECT_EQ(d.TextOf(box), "hi");                   // takes a while
   Settle();
   EXPECT_EQ(chat.Transcript(room), std::vector<std::string>{"hi"});
   EXPECT_EQ(d.TextOf(box), "");
@@ -47,7 +47,8 @@ TEST_F(SimChatTest, RoomFormsCarryTheirClasses) {
   }
   EXPECT_EQ(chat.Input(a), d.ChildOfClass(a, "RICHCNTL", 2));
   const Hwnd b = chat.OpenRoom("B", RoomForm::kB);
-  for (const char* c : {"_AOL_View", "_AOL_Icon", "_AOL_Listbox"}) EXPECT_NE(d.ChildOfClass(b, c), 0);
+  for (const char* c : {"_AOL_View", "_AOL_Icon", "_AOL_Listbox"})
+    EXPECT_NE(d.ChildOfClass(b, c), 0);
   EXPECT_EQ(d.ChildOfClass(b, "_AOL_Static"), 0);
 }
 
