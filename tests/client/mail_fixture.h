@@ -107,6 +107,7 @@ class MailTest : public ::testing::Test {
   // Records every operation and every pump in order from now on.
   void MarkPumps() {
     marked.clear();
+    if (markHook) RemovePumpHook(markHook);
     d.SetTraceListener([this](const sim::TraceEntry& e) { marked.push_back(e.line); });
     markHook = AddPumpHook([this] { marked.push_back(kPump); });
   }
