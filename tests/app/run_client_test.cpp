@@ -241,5 +241,27 @@ TEST_F(ClientRun, StopClickedWhileTheFirstMailIsWrittenEndsAfterThatFile) {
   EXPECT_EQ(TwipsTop(frm.pnlTag), kTagPanelIdleTop);
 }
 
+TEST_F(ClientRun, WithoutAClientTheRunWaitsInTheGenerationThreeDriverForEver) {
+  // No client: the version falls through to 3 and the Compose Mail wait never ends; a stop
+  // cannot reach it, since the loop never comes back to its test.
+  Choose("one.mp3", 1000000, "one", &kTag);
+  Choose("two.mp3", 1000000, "two", &kTag);
+  int pumps = 0;
+  PumpHookId hook = AddPumpHook([&] {
+    if (++pumps == 500) StopRun(frm);
+  });
+  EXPECT_THROW(
+      {
+        test::PumpBudget budget(20000);
+        TaggingRun(frm, menu);
+      },
+      test::BudgetExhausted);
+  RemovePumpHook(hook);
+  EXPECT_EQ(frm.lstSend->Items(), std::vector<std::string>{""});
+  EXPECT_EQ(frm.lblTagIndex->Caption(), "1/ 2");
+  EXPECT_EQ(frm.picBut1->Tag.toStdString(), "stop");
+  EXPECT_EQ(frm.lstPathSelect->ListCount(), 2);
+}
+
 }  // namespace
 }  // namespace qc
