@@ -47,9 +47,8 @@ class ClientRun : public test::RunFixture {
     }
     return out;
   }
-  std::string Body(const std::string& template_, const std::string& size,
-                   const std::string& name) const {
-    (void)template_;
+  // The default body of a file tagged with kTag.
+  std::string Body(const std::string& size, const std::string& name) const {
     return "quill cast : v.qc23e : brindle\r\n\r\ntitle: Song\r\nartist: Band\r\nalbum: Record"
            "\r\nrelease year: 1998\r\ngenre: Blues\r\nupload date: friday, jan. 01, 1999"
            "\r\nuploaded by: brindle\r\nfile size: " +
@@ -76,8 +75,8 @@ TEST_F(ClientRun, GenerationFiveQueuesNoticesAndFilesAndOpensTheOutgoingList) {
   const std::string end = "\u00B7\u2022(`(`\u00B7 end: brindle 2mb \u00B7\u00B4)\u00B4)\u2022\u00B7";
   const std::vector<MailRecord> expected = {
       {to, start, log, {}},
-      {to, "Band - Song", Body("", "1.5mb", "one.mp3"), {one}},
-      {to, "Band - Two", Body("", ".5mb", "two.mp3"), {two}},
+      {to, "Band - Song", Body("1.5mb", "one.mp3"), {one}},
+      {to, "Band - Two", Body(".5mb", "two.mp3"), {two}},
       {to, end, log, {}},
   };
   EXPECT_EQ(mail->Outgoing(), expected);
@@ -98,7 +97,7 @@ TEST_F(ClientRun, GenerationThreeLeavesTheNoticesOpenAndQueuesTheFiles) {
   const std::string log = CompileRunLog(frm);
   Run();
   const std::string to = "Brindle Rose, ";
-  const std::vector<MailRecord> queued = {{to, "Band - Song", Body("", "1.5mb", "one.mp3"), {one}}};
+  const std::vector<MailRecord> queued = {{to, "Band - Song", Body("1.5mb", "one.mp3"), {one}}};
   EXPECT_EQ(mail->Outgoing(), queued);
   // A notice stays open as "Compose Mail", so the next mail's wait takes it and overwrites it:
   // the start notice leaves as the file's mail, the file's own window is then filled by the end
@@ -127,8 +126,8 @@ TEST_F(ClientRun, GenerationFourSendsNoNoticesButQueuesTheFiles) {
   Run();
   const std::string to = "Brindle Rose, ";
   const std::vector<MailRecord> expected = {
-      {to, "Band - Song", Body("", "3.52mb", "one.mp3"), {one}},
-      {to, "", Body("", ".5mb", "two.mp3"), {two}},
+      {to, "Band - Song", Body("3.52mb", "one.mp3"), {one}},
+      {to, "", Body(".5mb", "two.mp3"), {two}},
   };
   EXPECT_EQ(mail->Outgoing(), expected);
   EXPECT_TRUE(mail->MailWindows().empty());
@@ -168,7 +167,7 @@ TEST_F(ClientRun, SendLaterOffLeavesEveryMailOpenWithItsAttachment) {
     const MailRecord front = mail->Fields(open[0]);
     EXPECT_EQ(front.subject, "second");
     EXPECT_EQ(front.attachments, std::vector<std::string>{two});
-    EXPECT_EQ(front.body, Body("", "2mb", "two.mp3"));
+    EXPECT_EQ(front.body, Body("2mb", "two.mp3"));
     EXPECT_EQ(mail->Fields(open[1]).attachments, std::vector<std::string>{one});
   }
 }
@@ -185,7 +184,7 @@ TEST_F(ClientRun, GenerationFourWithoutSendLaterWritesTheNextMailIntoTheOpenOne)
   ASSERT_EQ(open.size(), 2u);
   EXPECT_EQ(mail->Fields(open[0]), (MailRecord{"", "", "", {two}}));
   EXPECT_EQ(mail->Fields(open[1]),
-            (MailRecord{"Brindle Rose, ", "second", Body("", "2mb", "two.mp3"), {one}}));
+            (MailRecord{"Brindle Rose, ", "second", Body("2mb", "two.mp3"), {one}}));
   EXPECT_EQ(desktop.TextOf(open[1]), "Write Mail");
 }
 

@@ -156,6 +156,22 @@ TEST_F(RecordedRun, OneFileOfThreePointFiveTwoMegabytesOnGenerationFive) {
   EXPECT_TRUE(prompts.boxes.empty());
 }
 
+TEST_F(RecordedRun, RunPanelAndControlsWhileRunning) {
+  Choose("a.mp3", 1000, "a", &kTag);
+  frm.lblTagSubj->SetCaption("old");
+  bool checked = false;
+  onFile = [&](int) {
+    checked = true;
+    EXPECT_EQ(TwipsTop(frm.pnlTag), kPanelShownTop);
+    EXPECT_FALSE(frm.picBut1->isEnabled());
+    EXPECT_TRUE(frm.picBut2->isEnabled());
+    EXPECT_EQ(frm.picBut1->Tag.toStdString(), "tag");
+  };
+  Run();
+  EXPECT_TRUE(checked);
+  ExpectIdle();
+}
+
 TEST_F(RecordedRun, HalfAMegabyteHasNoZeroBeforeThePointExceptInTheCounter) {
   Choose("half.mp3", 500000, "half", &kTag);
   Run();
