@@ -231,14 +231,6 @@ TEST_F(RecordedRun, RecipientsFromTheListsAndTheBlindCopyForm) {
   }
 }
 
-TEST_F(RecordedRun, SignedOffClientGivesAnEmptyFirstEntry) {
-  screenName = "";
-  Choose("a.mp3", 1000, "a", &kTag);
-  Run();
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].to, ", ");
-}
-
 TEST_F(RecordedRun, NoticesAndOutgoingMailPerGeneration) {
   const std::string decor = "\u00B7\u2022(`(`\u00B7";
   const std::string decorRight = "\u00B7\u00B4)\u00B4)\u2022\u00B7";
@@ -328,17 +320,6 @@ TEST_F(RecordedRun, StopDuringTheLastFileStillSendsTheEndNoticeAndClears) {
   ExpectIdle();
 }
 
-TEST_F(RecordedRun, StopStateIsSetInOrderAndNothingElse) {
-  frm.picBut1->setEnabled(false);
-  frm.picBut2->setEnabled(true);
-  frm.lblTagIndex->SetCaption("2/ 5");
-  StopRun(frm);
-  EXPECT_TRUE(frm.picBut1->isEnabled());
-  EXPECT_FALSE(frm.picBut2->isEnabled());
-  EXPECT_EQ(frm.picBut1->Tag.toStdString(), "stop");
-  EXPECT_EQ(frm.lblTagIndex->Caption(), "2/ 5");
-}
-
 TEST_F(RecordedRun, OptionsAreReadWhenUsed) {
   Choose("one.mp3", 1000, "Mixed CASE", &kTag);
   Choose("two.mp3", 1000, "Mixed CASE", &kTag);
@@ -356,17 +337,6 @@ TEST_F(RecordedRun, OptionsAreReadWhenUsed) {
   EXPECT_EQ(calls[0].subject, "mixed case");
   EXPECT_FALSE(calls[1].sendLater);
   EXPECT_EQ(calls[1].subject, "Mixed CASE");
-}
-
-TEST_F(RecordedRun, SendLaterOffSkipsTheOutgoingMail) {
-  for (int g : {3, 4, 5}) {
-    calls.clear();
-    generation = g;
-    Choose("one.mp3", 1000, "One", &kTag);
-    Run();
-    ASSERT_EQ(calls.size(), 1u);
-    EXPECT_FALSE(calls[0].sendLater);
-  }
 }
 
 TEST_F(RecordedRun, BodyTemplateExpansion) {
