@@ -48,12 +48,30 @@ SimMail::SimMail(SimClient& client) : client_(client), desktop_(client.desktop()
     if (client_.generation() >= 4) OpenWriteMail();
   }));
   client_.OnMenuItem(aol::kMenuComposeMail, Guarded([this] { OpenComposeMail(); }));
+  // The client's outgoing list shows the queued mails, one subject a line.
+  for (const char* entry : {aol::kMenuOutgoingMail, kPopupOutgoingEntry}) {
+    client_.OnMenuItem(entry, Guarded([this] {
+      client_.OpenOutgoingMailList();
+      ShowOutgoing();
+    }));
+  }
+}
+
+void SimMail::ShowOutgoing() {
+  Hwnd list = desktop_.ChildOfClass(client_.Document(kOutgoingListCaption), aol::kListboxClass);
+  if (list == 0) return;
+  std::string text;
+  for (const MailRecord& r : outgoing_) text += (text.empty() ? "" : "\r\n") + r.subject;
+  desktop_.SetText(list, text);
 }
 
 SimMail::~SimMail() {
   alive_.reset();
   client_.OnToolbarIcon(2, nullptr);
   client_.OnMenuItem(aol::kMenuComposeMail, nullptr);
+  for (const char* entry : {aol::kMenuOutgoingMail, kPopupOutgoingEntry}) {
+    client_.OnMenuItem(entry, [c = &client_] { c->OpenOutgoingMailList(); });
+  }
   std::vector<Hwnd> open;
   for (const auto& [window, mail] : mails_) open.push_back(window);
   for (const auto& [window, files] : pending_) open.push_back(window);
@@ -316,6 +334,7 @@ void SimMail::SendLater(Hwnd mail) {
   const bool compose = mails_[mail].compose;
   outgoing_.push_back(r);
   client_.Log(kEventMailQueued, r.subject);
+  ShowOutgoing();
   desktop_.DestroyWindow(mail);
   if (!compose && confirmSendLater_) {
     Hwnd c = client_.OpenDocument(aol::kSendLaterCaption);

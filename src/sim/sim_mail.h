@@ -5,7 +5,8 @@
 // "America Online" question when a filled mail is closed.
 //
 // Install one SimMail on a SimClient; it registers the reactions that open the mail windows
-// (toolbar icon 2 on generations 4 and 5, the main-menu entry "&Compose Mail" on 3).
+// (toolbar icon 2 on generations 4 and 5, the main-menu entry "&Compose Mail" on 3), and fills
+// the client's outgoing list with the subjects of the queued mails, one a line.
 //
 // Reaction keys (for SimClient::SetSlow and the event log): "Write Mail", "Write Mail build",
 // "Compose Mail", "Compose Mail build", "Attachments", "Attach", "Attach File", "Attach done",
@@ -108,6 +109,7 @@ class SimMail {
   void Send(Hwnd mail);
   void AskOnClose(Hwnd mail);
   bool Filled(Hwnd mail) const;
+  void ShowOutgoing();
   Hwnd TopLevel(const std::string& className, const std::string& caption) const;
   bool FileAccepted(const std::string& path);
   std::string BadReason(const std::string& address) const;

@@ -210,6 +210,26 @@ TEST_F(SimMailTest, SendLaterQueuesAndConfirmsOnWriteMailOnly) {
   }
 }
 
+TEST_F(SimMailTest, OutgoingListShowsTheQueuedSubjects) {
+  SimClient c(d, {.generation = 3});
+  SimMail m(c);
+  for (const char* subject : {"one", "two"}) {
+    Hwnd w = OpenMail(c);
+    Fill(w, "a@aol.com", subject, "b");
+    Click(d, m.MailIcon(w, 2));
+    Settle();
+  }
+  d.SendMessageA(c.frame(), aol::kWmCommand, c.CommandId(aol::kMenuOutgoingMail), LParam());
+  PumpUntil([&] { return c.Document(kOutgoingListCaption) != 0; });
+  Hwnd list = d.ChildOfClass(c.Document(kOutgoingListCaption), aol::kListboxClass);
+  EXPECT_EQ(d.TextOf(list), "one\r\ntwo");
+  Hwnd w = OpenMail(c);
+  Fill(w, "a@aol.com", "three", "b");
+  Click(d, m.MailIcon(w, 2));
+  Settle();
+  EXPECT_EQ(d.TextOf(list), "one\r\ntwo\r\nthree");
+}
+
 TEST_F(SimMailTest, ClosingAFilledWriteMailAsks) {
   SimClient c(d, {.generation = 5});
   SimMail m(c);
