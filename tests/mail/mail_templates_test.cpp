@@ -1,6 +1,9 @@
 // The subject and body editors, the decoration editor, and the menu items that open them and
 // insert keys.
 #include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QTimer>
 #include <QTextCursor>
 
 #include "app/forms/frmmenu.h"
@@ -144,6 +147,38 @@ TEST_F(TemplateTest, MenuItemsOpenEachEditorOnce) {
   Close(HeadEditor());
   EXPECT_EQ(MailListEditor(), nullptr);
   EXPECT_EQ(HeadEditor(), nullptr);
+}
+
+TEST_F(TemplateTest, EachOptionsButtonOpensItsPopupUnderItself) {
+  FrmMenu menu;
+  ConnectMailEditors(menu);
+  menu.editmailform->trigger();
+  menu.editSubject->trigger();
+  menu.editBody->trigger();
+  const std::tuple<SecondaryWindow*, Command3D*, QMenu*, const char*> cases[] = {
+      {MailListEditor(), MailListEditor()->cmdMenu, menu.mnuEmailto, "&options"},
+      {SubjectEditor(), SubjectEditor()->cmdMenu, menu.subjoptions, "&tags"},
+      {BodyEditor(), BodyEditor()->cmdMenu, menu.bodyOpt, "&tags"},
+  };
+  for (const auto& [window, button, tree, caption] : cases) {
+    SCOPED_TRACE(caption);
+    EXPECT_EQ(button->text(), QString(caption));
+    QMenu* shown = nullptr;
+    QPoint at;
+    QTimer::singleShot(0, [&] {
+      shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      if (!shown) return;
+      at = shown->pos();
+      shown->close();
+    });
+    button->click();
+    EXPECT_EQ(shown, tree);
+    // At the button's left, 15 twips below its bottom edge, in the window's coordinates.
+    EXPECT_EQ(at, window->mapToGlobal(QPoint(button->x(), button->geometry().bottom() + 2)));
+  }
+  Close(MailListEditor());
+  Close(SubjectEditor());
+  Close(BodyEditor());
 }
 
 TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
