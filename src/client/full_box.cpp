@@ -19,7 +19,9 @@ bool gProbeOld = false;
 
 }  // namespace
 
-std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()>& pick) {
+std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()>& pick,
+                            bool* reachedRemoval) {
+  if (reachedRemoval) *reachedRemoval = false;
   std::string addresses;
   {
     AddressList& list = pick();
@@ -68,6 +70,7 @@ std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()
   DoEvents();
 
   // Only the report is folded and stripped: an item with a capital or a blank is never found.
+  if (reachedRemoval) *reachedRemoval = true;
   report = LowerCase(report);
   std::string removed;
   AddressList& list = pick();

@@ -12,7 +12,10 @@ namespace qc {
 // The shared steps of the silent check and the editor's command. The list is taken from `pick`
 // at the start and again at the removal (the editor's active list may change during the wait).
 // Returns the removed text: " - " + address + CR for each removed address.
-std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()>& pick);
+// `reachedRemoval`, when given, tells whether the steps went through to the removal; they end
+// early, with nothing to tell the user, on generation 2 and when the client has gone.
+std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()>& pick,
+                            bool* reachedRemoval = nullptr);
 // The run's check on its send list: silent, the removed text is dropped.
 void CheckFullBoxes(WindowSystem& ws, AddressList& list);
 

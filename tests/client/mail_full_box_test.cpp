@@ -10,10 +10,12 @@ namespace {
 
 class FullBoxTest : public MailTest {
  protected:
+  bool reached = false;
   std::string Check(VectorAddresses& list, std::uint64_t passes = 20000) {
     std::string removed;
+    reached = false;
     Within(passes, [&] {
-      removed = RemoveFullBoxes(d, [&list]() -> AddressList& { return list; });
+      removed = RemoveFullBoxes(d, [&list]() -> AddressList& { return list; }, &reached);
     });
     Settle();
     return removed;
@@ -66,6 +68,7 @@ TEST_F(FullBoxTest, RemovesWhatTheReportNamesOnBothGenerations) {
       for (const auto& a : k.unknown) mail->MarkUnknown(a);
       VectorAddresses list(k.list);
       EXPECT_EQ(Check(list), k.removed);
+      EXPECT_TRUE(reached);
       EXPECT_EQ(list.items, k.left);
       ExpectNothingLeft();
     }
@@ -153,6 +156,7 @@ TEST_F(FullBoxTest, GenerationsWithoutAProbe) {
   Start(2);
   VectorAddresses list({"a@x.com"});
   EXPECT_EQ(Check(list, 100), "");
+  EXPECT_FALSE(reached);
   EXPECT_EQ(list.items, Lines{"a@x.com"});
   EXPECT_TRUE(Messages().empty());
 
@@ -165,6 +169,29 @@ TEST_F(FullBoxTest, GenerationsWithoutAProbe) {
 
   // Without a client the generation reads as 3 and the probe waits for its window for ever.
   client->Quit();
+  EXPECT_THROW(Check(list, 5000), BudgetExhausted);
+}
+
+TEST_F(FullBoxTest, ClientGoneDuringTheProbe) {
+  // Generation 3: the probe returns as its window has gone, and the missing frame ends the check.
+  Start(3);
+  client->SetSlow("Send", 5.0);
+  client->desktop().Schedule(1.0, [&] {
+    mail.reset();
+    client->Quit();
+  });
+  VectorAddresses list({"a@x.com"});
+  EXPECT_EQ(Check(list), "");
+  EXPECT_FALSE(reached);
+  EXPECT_EQ(list.items, Lines{"a@x.com"});
+
+  // Generation 5: the generation then reads as 3, and the Compose Mail probe waits for ever.
+  Start(5);
+  client->SetSlow("Send", 5.0);
+  client->desktop().Schedule(1.0, [&] {
+    mail.reset();
+    client->Quit();
+  });
   EXPECT_THROW(Check(list, 5000), BudgetExhausted);
 }
 
