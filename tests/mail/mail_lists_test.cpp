@@ -131,6 +131,17 @@ TEST_F(MailListTest, OptionButtonsMoveTheFrames) {
   EXPECT_EQ(TwipsTop(w->frmMember), 675);
   EXPECT_NEAR(TwipsTop(w->frmUpload), 2750, 15);
   EXPECT_EQ(&w->ActiveList(), w->lstMember);
+  // Exactly one list shows: the back frame lies below the window's face, the front one inside.
+  const QRect face = w->pnlFrame()->rect();
+  EXPECT_TRUE(face.contains(w->frmMember->geometry()));
+  EXPECT_FALSE(face.intersects(w->frmUpload->geometry()));
+  for (QWidget* c : {static_cast<QWidget*>(w->optMember), static_cast<QWidget*>(w->optUpload),
+                     static_cast<QWidget*>(w->cmdMenu), static_cast<QWidget*>(w->cmdExit),
+                     static_cast<QWidget*>(w->panelSep), static_cast<QWidget*>(w->pnlTitle())}) {
+    EXPECT_TRUE(face.contains(c->geometry())) << c->objectName().toStdString();
+  }
+  EXPECT_EQ(w->cmdExit->text(), QString("save && e&xit"));
+  EXPECT_EQ(w->cmdMenu->text(), QString("&options"));
   // The window takes the face's size: 2430 by 2505 twips.
   EXPECT_EQ(TwipsWidth(w.get()), 2430);
   EXPECT_EQ(TwipsHeight(w.get()), 2505);
