@@ -8,9 +8,12 @@
 // (toolbar icon 2 on generations 4 and 5, the main-menu entry "&Compose Mail" on 3), and fills
 // the client's outgoing list with the subjects of the queued mails, one a line.
 //
-// Reaction keys (for SimClient::SetSlow and the event log): "Write Mail", "Write Mail build",
-// "Compose Mail", "Compose Mail build", "Attachments", "Attach", "Attach File", "Attach done",
-// "Attachments done", "Send Later", "Send", "Close Mail".
+// Reaction keys (for SimClient::SetSlow and the event log): "toolbar icon 2" and "&Compose Mail"
+// open the windows; "Write Mail build" and "Compose Mail build" finish them; "Attachments" (the
+// Write Mail attach icon), "Attach" (the Attachments window's 1st icon and the "Attach" dialog's
+// buttons), "Attach File" (the Compose Mail attach icon and its dialog's buttons), "Attachments
+// done", "Attachments clear", "Send", "Send Later", "Send Later ok", "Error ok", and "America
+// Online" (the question on closing a filled mail).
 #include <functional>
 #include <map>
 #include <memory>
@@ -50,8 +53,8 @@ inline constexpr char kReasonInvalid[] = "invalid address";
 class SimMail {
  public:
   explicit SimMail(SimClient& client);
-  // Closes the mail windows and drops the reactions; the client goes back to doing nothing on
-  // the mail commands.
+  // Closes the mail windows and drops the reactions: the mail commands then open nothing and the
+  // outgoing list is shown empty. Must go before its client.
   ~SimMail();
   SimMail(const SimMail&) = delete;
   SimMail& operator=(const SimMail&) = delete;
@@ -63,7 +66,7 @@ class SimMail {
   void MarkUnknown(const std::string& address);
   // Files the dialogs accept besides those that exist on disk.
   void AddFile(const std::string& path);
-  // A send-later press that shows no "Send Later" confirmation.
+  // false: a send-later press on Write Mail shows no "Send Later" confirmation.
   void SetConfirmSendLater(bool confirm) { confirmSendLater_ = confirm; }
   // An "Error" window whose report is still empty when it appears.
   void SetEmptyErrorReport(bool empty) { emptyErrorReport_ = empty; }
@@ -71,7 +74,8 @@ class SimMail {
   // --- Faults ---
   // The next `count` clicks on mail controls under `key` are ignored ("Attachments" for the
   // attach icon, "Attach" for the Attachments window's first icon, "Attach File", "Send Later",
-  // "Send", "Attachments done").
+  // "Send", "Attachments done"). Apart from these, Send presses that come while the mail is on
+  // its way or its report is open are lost, as on a busy window.
   void IgnoreClicks(const std::string& key, int count) { ignore_[key] = count; }
   // The next `count` accepted paths are refused although the file exists.
   void RefusePaths(int count) { refusePaths_ = count; }
