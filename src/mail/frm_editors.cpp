@@ -36,6 +36,12 @@ QPointer<FrmHead>& HeadSlot() {
   return slot;
 }
 
+void UseSmallFont(QWidget* w) {
+  QFont f = w->font();
+  f.setPixelSize(10);
+  w->setFont(f);
+}
+
 }  // namespace
 
 std::string BodyTemplatePath() {
@@ -72,9 +78,12 @@ FrmSubject::FrmSubject(FrmMenu* menu, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmSubject"), QStringLiteral("edit subject line"), 4095,
                       1590, parent) {
   Panel3D* face = pnlFrame();
+  UseSmallFont(this);
   txtSubj = new QLineEdit(face);
   txtSubj->setObjectName(QStringLiteral("txtSubj"));
-  txtSubj->setFont(QFont(QStringLiteral("Arial")));
+  QFont arial(QStringLiteral("Arial"));
+  arial.setPixelSize(12);
+  txtSubj->setFont(arial);
   txtSubj->setText(ToQ(SettingOf(kSubjectSection, "subject").fixedDefault));
   SetTwipsGeometry(txtSubj, 120, 420, 3855, 315);
   pnlInfo = new Panel3D(face, QStringLiteral("pnlInfo"));
@@ -110,11 +119,13 @@ void FrmSubject::UpdateLetterCount() {
 FrmBody::FrmBody(FrmMenu* menu, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmBody"), QStringLiteral("edit body"), 4095, 2880, parent) {
   Panel3D* face = pnlFrame();
+  UseSmallFont(this);
   txtBody = new QPlainTextEdit(face);
   txtBody->setObjectName(QStringLiteral("txtBody"));
   txtBody->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   txtBody->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   txtBody->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txtBody->setTabStopDistance(36);
   SetTwipsGeometry(txtBody, 120, 420, 3855, 1920);
   panelSep = new Panel3D(face, QStringLiteral("panelSep"));
   panelSep->setBevel(Panel3D::Bevel::kInset, 1);
@@ -145,23 +156,24 @@ FrmHead::FrmHead(QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmHead"), QStringLiteral("head/footer options"), 2400,
                       1290, parent) {
   Panel3D* face = pnlFrame();
+  UseSmallFont(this);
   SSFrame1 = new Frame3D(QStringLiteral("ascii:"), face, QStringLiteral("SSFrame1"));
-  SetTwipsGeometry(SSFrame1, 120, 375, 2160, 435);
+  SetTwipsGeometry(SSFrame1, 120, 360, 2160, 480);
   Label1 = new QLabel(QStringLiteral("start:"), SSFrame1);
   Label1->setObjectName(QStringLiteral("Label1"));
-  SetTwipsGeometry(Label1, 90, 150, 435, 225);
+  SetTwipsGeometry(Label1, 90, 195, 435, 225);
   asciiFront = new QLineEdit(SSFrame1);
   asciiFront->setObjectName(QStringLiteral("asciiFront"));
   asciiFront->setText(ToQ(SettingOf(kOptionsSection, "ascii1").fixedDefault));
-  SetTwipsGeometry(asciiFront, 525, 135, 555, 255);
+  SetTwipsGeometry(asciiFront, 510, 180, 585, 255);
   Label2 = new QLabel(QStringLiteral("end:"), SSFrame1);
   Label2->setObjectName(QStringLiteral("Label2"));
-  SetTwipsGeometry(Label2, 1140, 150, 375, 225);
+  SetTwipsGeometry(Label2, 1140, 195, 375, 225);
   asciiBack = new QLineEdit(SSFrame1);
   asciiBack->setObjectName(QStringLiteral("asciiBack"));
   asciiBack->setText(ToQ(SettingOf(kOptionsSection, "ascii2").fixedDefault));
-  SetTwipsGeometry(asciiBack, 1515, 135, 555, 255);
-  SSCommand1 = addSaveExit(QStringLiteral("SSCommand1"), QStringLiteral("save && exit"), 120, 885,
+  SetTwipsGeometry(asciiBack, 1500, 180, 585, 255);
+  SSCommand1 = addSaveExit(QStringLiteral("SSCommand1"), QStringLiteral("save && exit"), 120, 900,
                            2160, 285);
   setSaveHook([this] {
     SaveSetting(kAppName, kOptionsSection, "ascii1", FromQ(asciiFront->text()));

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QFont>
 #include <QKeyEvent>
 
 #include "app/core/app_path.h"
@@ -28,6 +29,12 @@ void TakeBackColor(QWidget* w, const QColor& c) {
   QPalette p = w->palette();
   p.setColor(QPalette::Base, c);
   w->setPalette(p);
+}
+
+void UseSmallFont(QWidget* w) {
+  QFont f = w->font();
+  f.setPixelSize(10);
+  w->setFont(f);
 }
 
 std::string TrimBlanks(const std::string& s) {
@@ -89,10 +96,11 @@ FrmEmailto::FrmEmailto(FrmMenu* menu, QWidget* parent)
                       parent),
       menu_(menu) {
   Panel3D* face = pnlFrame();
+  UseSmallFont(this);
   optMember = new Option3D(QStringLiteral("&member list"), face, QStringLiteral("optMember"));
-  SetTwipsGeometry(optMember, 120, 375, 1095, 255);
+  SetTwipsGeometry(optMember, 60, 375, 1170, 255);
   optUpload = new Option3D(QStringLiteral("&upload list"), face, QStringLiteral("optUpload"));
-  SetTwipsGeometry(optUpload, 1260, 375, 1095, 255);
+  SetTwipsGeometry(optUpload, 1245, 375, 1125, 255);
 
   auto makeFrame = [face](const QString& caption, const QString& name, const QString& boxName,
                           const QString& listName, EntryBox*& box, ListBox*& list) {
@@ -117,6 +125,12 @@ FrmEmailto::FrmEmailto(FrmMenu* menu, QWidget* parent)
   panelSep = new Panel3D(face, QStringLiteral("panelSep"));
   panelSep->setBevel(Panel3D::Bevel::kInset, 1);
   SetTwipsGeometry(panelSep, 120, 2085, 2190, 30);
+  // The two option buttons share one line of the narrow face.
+  for (Option3D* o : {optMember, optUpload}) {
+    QFont f = o->font();
+    f.setPixelSize(9);
+    o->setFont(f);
+  }
   cmdMenu = new Command3D(QStringLiteral("&options"), face, QStringLiteral("cmdMenu"));
   SetTwipsGeometry(cmdMenu, 120, 2160, 1035, 285);
   cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 1275, 2160,
