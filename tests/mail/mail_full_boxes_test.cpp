@@ -69,6 +69,27 @@ TEST_F(FullBoxEditorTest, RemovesTheReportedAddressesFromTheActiveListOnly) {
   EXPECT_EQ(ReadBytes(upload), "ann\r\ndee\r\n");
 }
 
+TEST_F(FullBoxEditorTest, ListSwitchedDuringTheWaitLosesTheReportedAddresses) {
+  Start(5);
+  mail->MarkFull("bob");
+  FrmEmailto w;
+  for (const char* a : {"bob", "ann"}) w.lstMember->AddItem(a);
+  for (const char* a : {"cy", "bob"}) w.lstUpload->AddItem(a);
+  // The probe goes to the member list; the user brings the upload list to the front meanwhile.
+  int passes = 0;
+  const PumpHookId hook = AddPumpHook([&] {
+    if (++passes == 50) w.optUpload->click();
+  });
+  Check(w);
+  RemovePumpHook(hook);
+  ASSERT_GT(passes, 50);
+  EXPECT_EQ(w.lstMember->Items(), (Items{"bob", "ann"}));
+  EXPECT_EQ(w.lstUpload->Items(), (Items{"cy"}));
+  ASSERT_EQ(prompts.boxes.size(), 1u);
+  EXPECT_EQ(prompts.boxes[0].text,
+            "email addresses that were full or invalid are:\r\r - bob\r\rthey have been removed!");
+}
+
 TEST_F(FullBoxEditorTest, NoFullBoxesAndNoClient) {
   Start(5);
   WriteBytes(app + "/lstMember.sys", "ann\r\n");
