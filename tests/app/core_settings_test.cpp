@@ -78,13 +78,13 @@ TEST_F(SettingsStore, TableHoldsEveryKeyWithItsDefault) {
   ASSERT_EQ(SettingsTable().size(), std::size(rows));
   for (std::size_t i = 0; i < std::size(rows); ++i) {
     const Row& r = rows[i];
-    const SettingSpec& spec = SettingsTable()[i];
+    const SettingEntry& entry = SettingsTable()[i];
     SCOPED_TRACE(r.key);
-    EXPECT_STREQ(spec.section, r.section);
-    EXPECT_STREQ(spec.key, r.key);
-    EXPECT_EQ(spec.isFlag, r.flag);
-    EXPECT_EQ(&SettingOf(r.section, r.key), &spec);
-    EXPECT_EQ(SettingDefault(spec, "Brindle 7"), r.dflt);
+    EXPECT_STREQ(entry.section, r.section);
+    EXPECT_STREQ(entry.key, r.key);
+    EXPECT_EQ(entry.isFlag, r.flag);
+    EXPECT_EQ(&SettingOf(r.section, r.key), &entry);
+    EXPECT_EQ(SettingDefault(entry, "Brindle 7"), r.dflt);
     EXPECT_EQ(GetTableSetting(r.section, r.key, "Brindle 7"), r.dflt);
   }
   EXPECT_THROW(SettingOf("tagoptions", "subject"), std::out_of_range);

@@ -73,9 +73,9 @@ std::string SettingsFilePath(const std::string& application) {
   return Store(application).fileName().toStdString();
 }
 
-const std::vector<SettingSpec>& SettingsTable() {
+const std::vector<SettingEntry>& SettingsTable() {
   using K = DefaultKind;
-  static const std::vector<SettingSpec> table = {
+  static const std::vector<SettingEntry> table = {
       {kOptionsSection, "frmmenu.makesublcase.Checked", "1", K::kFixed, true},
       {kOptionsSection, "frmmenu.bbcemail.Checked", "1", K::kFixed, true},
       {kOptionsSection, "frmmenu.sendlater.Checked", "1", K::kFixed, true},
@@ -97,20 +97,20 @@ const std::vector<SettingSpec>& SettingsTable() {
   return table;
 }
 
-const SettingSpec& SettingOf(const std::string& section, const std::string& key) {
-  for (const auto& spec : SettingsTable()) {
-    if (section == spec.section && key == spec.key) return spec;
+const SettingEntry& SettingOf(const std::string& section, const std::string& key) {
+  for (const auto& entry : SettingsTable()) {
+    if (section == entry.section && key == entry.key) return entry;
   }
   throw std::out_of_range("no setting " + section + "/" + key);
 }
 
-std::string SettingDefault(const SettingSpec& spec, const std::string& screenName) {
-  switch (spec.kind) {
+std::string SettingDefault(const SettingEntry& entry, const std::string& screenName) {
+  switch (entry.kind) {
     case DefaultKind::kScreenName: return screenName;
     case DefaultKind::kUploadedByName: return "uploaded by " + screenName;
     case DefaultKind::kFixed: break;
   }
-  return spec.fixedDefault;
+  return entry.fixedDefault;
 }
 
 std::string GetTableSetting(const std::string& section, const std::string& key,

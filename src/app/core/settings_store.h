@@ -34,7 +34,7 @@ enum class DefaultKind {
   kUploadedByName  // "uploaded by " followed by the screen name
 };
 
-struct SettingSpec {
+struct SettingEntry {
   const char* section;
   const char* key;
   const char* fixedDefault;  // for kFixed
@@ -43,11 +43,11 @@ struct SettingSpec {
 };
 
 // Every key of the store, in the order of the settings table.
-const std::vector<SettingSpec>& SettingsTable();
+const std::vector<SettingEntry>& SettingsTable();
 // The entry of a key; throws std::out_of_range for a key not in the table.
-const SettingSpec& SettingOf(const std::string& section, const std::string& key);
+const SettingEntry& SettingOf(const std::string& section, const std::string& key);
 // The default of an entry; screenName is used only by the defaults that depend on it.
-std::string SettingDefault(const SettingSpec& spec, const std::string& screenName = "");
+std::string SettingDefault(const SettingEntry& entry, const std::string& screenName = "");
 // Reads a key of the table with its default from the table.
 std::string GetTableSetting(const std::string& section, const std::string& key,
                             const std::string& screenName = "");
