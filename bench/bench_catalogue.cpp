@@ -11,11 +11,11 @@
 #include <memory>
 #include <string>
 
-#include "app/core/list_box.h"
-#include "app/core/qt_glue.h"
-#include "app/forms/frmmain.h"
+#include "ui/list_box.h"
+#include "ui/qt_glue.h"
+#include "ui/frmmain.h"
 #include "base/prompts.h"
-#include "catalogue/codec/id3v1.h"
+#include "codec/id3v1.h"
 #include "catalogue/folder_list.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/codec/id3v1.h"
+#include "codec/id3v1.h"
 
 namespace {
 

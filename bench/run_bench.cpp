@@ -14,14 +14,14 @@
 #include <memory>
 #include <string>
 
-#include "app/core/settings_store.h"
-#include "app/forms/frmmain.h"
-#include "app/forms/frmmenu.h"
-#include "app/stats.h"
-#include "app/tagging_run.h"
+#include "ui/settings_store.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
+#include "run/stats.h"
+#include "run/tagging_run.h"
 #include "base/prompts.h"
 #include "base/pump.h"
-#include "catalogue/codec/id3v1.h"
+#include "codec/id3v1.h"
 #include "client/window_system.h"
 #include "sim/sim_client.h"
 #include "sim/sim_desktop.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/failure.h"
-#include "mail/text/text_files.h"
+#include "text/text_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "base/failure.h"
-#include "catalogue/codec/cp1252.h"
-#include "catalogue/codec/genres.h"
-#include "catalogue/codec/id3v1.h"
+#include "codec/cp1252.h"
+#include "codec/genres.h"
+#include "codec/id3v1.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   qc::TagBlock block{};

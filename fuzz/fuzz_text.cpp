@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/failure.h"
-#include "mail/text/text.h"
+#include "text/text.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <QAction>
 #include <QPalette>
 
-#include "app/forms/frmmain.h"
-#include "app/forms/frmmenu.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
 #include "catalogue/folder_list.h"
 #include "catalogue/frm_idedit.h"
 #include "catalogue/info_mode.h"

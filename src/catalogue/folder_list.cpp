@@ -9,17 +9,17 @@
 #include <windows.h>
 #endif
 
-#include "app/core/list_box.h"
-#include "app/core/qt_glue.h"
-#include "app/core/settings_store.h"
-#include "app/forms/frmmain.h"
+#include "ui/list_box.h"
+#include "ui/qt_glue.h"
+#include "ui/settings_store.h"
+#include "ui/frmmain.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "base/prompts.h"
 #include "base/pump.h"
-#include "catalogue/codec/id3v1.h"
-#include "mail/text/template_keys.h"
-#include "mail/text/text.h"
+#include "codec/id3v1.h"
+#include "text/template_keys.h"
+#include "text/text.h"
 
 namespace qc {
 

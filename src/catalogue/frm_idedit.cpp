@@ -6,18 +6,18 @@
 #include <algorithm>
 #include <cctype>
 
-#include "app/core/list_box.h"
-#include "app/core/qt_glue.h"
-#include "app/core/window_routines.h"
-#include "app/forms/frmmain.h"
+#include "ui/list_box.h"
+#include "ui/qt_glue.h"
+#include "ui/window_routines.h"
+#include "ui/frmmain.h"
 #include "base/failure.h"
 #include "base/prompts.h"
 #include "base/pump.h"
-#include "catalogue/codec/genres.h"
-#include "catalogue/codec/id3v1.h"
+#include "codec/genres.h"
+#include "codec/id3v1.h"
 #include "catalogue/folder_list.h"
-#include "mail/text/text.h"
-#include "mail/text/text_files.h"
+#include "text/text.h"
+#include "text/text_files.h"
 
 namespace qc {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/core/secondary_window.h"
+#include "ui/secondary_window.h"
 
 namespace qc {
 

@@ -1,10 +1,10 @@
 #include "catalogue/info_mode.h"
 
-#include "app/core/list_box.h"
-#include "app/core/window_routines.h"
-#include "app/forms/frmmain.h"
+#include "ui/list_box.h"
+#include "ui/window_routines.h"
+#include "ui/frmmain.h"
 #include "base/numbers.h"
-#include "catalogue/codec/id3v1.h"
+#include "codec/id3v1.h"
 #include "catalogue/folder_list.h"
 
 namespace qc {

@@ -3,7 +3,7 @@
 #include "base/pump.h"
 #include "client/vocabulary.h"
 #include "client/window_routines.h"
-#include "mail/text/text.h"
+#include "text/text.h"
 
 namespace qc {
 

@@ -5,7 +5,7 @@
 #include "client/vocabulary.h"
 #include "client/window_routines.h"
 #include "client/write_mail.h"
-#include "mail/text/text.h"
+#include "text/text.h"
 
 namespace qc {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "client/vocabulary.h"
-#include "mail/text/text.h"
+#include "text/text.h"
 
 namespace qc {
 

@@ -2,11 +2,11 @@
 #include <QFont>
 #include <QTextCursor>
 
-#include "app/core/app_path.h"
-#include "app/core/qt_glue.h"
-#include "app/core/settings_store.h"
-#include "app/core/window_routines.h"
-#include "app/forms/frmmenu.h"
+#include "ui/app_path.h"
+#include "ui/qt_glue.h"
+#include "ui/settings_store.h"
+#include "ui/window_routines.h"
+#include "ui/frmmenu.h"
 #include "mail/mail_editors.h"
 
 namespace qc {

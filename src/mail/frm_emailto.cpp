@@ -3,12 +3,12 @@
 #include <QFont>
 #include <QKeyEvent>
 
-#include "app/core/app_path.h"
-#include "app/core/qt_glue.h"
-#include "app/core/settings_store.h"
-#include "app/core/window_routines.h"
-#include "app/forms/frmmenu.h"
-#include "app/list_addresses.h"
+#include "ui/app_path.h"
+#include "ui/qt_glue.h"
+#include "ui/settings_store.h"
+#include "ui/window_routines.h"
+#include "ui/frmmenu.h"
+#include "ui/list_addresses.h"
 #include "base/prompts.h"
 #include "base/pump.h"
 #include "client/full_box.h"
@@ -16,7 +16,7 @@
 #include "client/window_routines.h"
 #include "client/window_system.h"
 #include "mail/mail_editors.h"
-#include "mail/text/text.h"
+#include "text/text.h"
 
 namespace qc {
 

@@ -10,10 +10,10 @@
 #include <memory>
 #include <string>
 
-#include "app/core/list_box.h"
-#include "app/core/secondary_window.h"
+#include "ui/list_box.h"
+#include "ui/secondary_window.h"
 #include "client/address_list.h"
-#include "mail/text/template_keys.h"
+#include "text/template_keys.h"
 
 class QMenu;
 

@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QMouseEvent>
 
-#include "app/core/secondary_window.h"
-#include "app/core/window_routines.h"
+#include "ui/secondary_window.h"
+#include "ui/window_routines.h"
 #include "shell/skin_art.h"
 
 namespace qc {

@@ -4,9 +4,9 @@
 #include <QMouseEvent>
 #include <QPalette>
 
-#include "app/core/secondary_window.h"
-#include "app/core/window_routines.h"
-#include "app/forms/frmmain.h"
+#include "ui/secondary_window.h"
+#include "ui/window_routines.h"
+#include "ui/frmmain.h"
 #include "base/pump.h"
 #include "shell/region.h"
 #include "shell/roll.h"

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <cmath>
 
-#include "app/core/window_routines.h"
+#include "ui/window_routines.h"
 
 namespace qc {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "app/core/window_routines.h"
+#include "ui/window_routines.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 

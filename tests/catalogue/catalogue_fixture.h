@@ -11,12 +11,12 @@
 #include <memory>
 #include <string>
 
-#include "app/core/settings_store.h"
-#include "app/forms/frmmain.h"
-#include "app/forms/frmmenu.h"
+#include "ui/settings_store.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
 #include "base/failure.h"
 #include "catalogue/catalogue.h"
-#include "catalogue/codec/id3v1.h"
+#include "codec/id3v1.h"
 #include "catalogue/folder_list.h"
 #include "support/scripted_prompts.h"
 

@@ -2,8 +2,8 @@
 #include <QFont>
 #include <QPalette>
 
-#include "app/core/application.h"
-#include "app/core/window_routines.h"
+#include "ui/application.h"
+#include "ui/window_routines.h"
 #include "base/prompts.h"
 #include "catalogue/catalogue_fixture.h"
 

@@ -4,10 +4,10 @@
 #include <QClipboard>
 #include <QKeyEvent>
 
-#include "app/core/application.h"
-#include "app/core/list_box.h"
+#include "ui/application.h"
+#include "ui/list_box.h"
 #include "catalogue/catalogue_fixture.h"
-#include "catalogue/codec/genres.h"
+#include "codec/genres.h"
 #include "catalogue/frm_idedit.h"
 
 namespace qc::test {

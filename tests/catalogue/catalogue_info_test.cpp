@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QPixmap>
 
-#include "app/core/window_routines.h"
+#include "ui/window_routines.h"
 #include "catalogue/catalogue_fixture.h"
 #include "catalogue/info_mode.h"
 

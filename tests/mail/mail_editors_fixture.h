@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "app/core/app_path.h"
-#include "app/core/settings_store.h"
+#include "ui/app_path.h"
+#include "ui/settings_store.h"
 #include "mail/mail_editors.h"
 #include "support/scripted_prompts.h"
 

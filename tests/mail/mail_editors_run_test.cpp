@@ -2,9 +2,9 @@
 // body gives the run's fallback, and the decoration is read for each notice.
 #include <QCoreApplication>
 
-#include "app/run_drivers.h"
-#include "app/run_fixture.h"
-#include "app/tagging_run.h"
+#include "run/run_drivers.h"
+#include "run/run_fixture.h"
+#include "run/tagging_run.h"
 #include "mail/mail_editors.h"
 
 namespace qc::test {

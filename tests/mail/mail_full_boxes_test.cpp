@@ -1,6 +1,6 @@
 // The editor's full-box command against the simulated client: what the report names leaves the
 // active list, the user sees the exact message, and the files change only on save & exit.
-#include "app/forms/frmmenu.h"
+#include "ui/frmmenu.h"
 #include "base/prompts.h"
 #include "client/window_system.h"
 #include "mail_editors_fixture.h"

@@ -4,7 +4,7 @@
 #include <QClipboard>
 #include <QTest>
 
-#include "app/core/window_routines.h"
+#include "ui/window_routines.h"
 #include "base/failure.h"
 #include "mail_editors_fixture.h"
 

@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <QTextCursor>
 
-#include "app/forms/frmmenu.h"
+#include "ui/frmmenu.h"
 #include "mail_editors_fixture.h"
 
 namespace qc::test {

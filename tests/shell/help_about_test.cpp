@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <gtest/gtest.h>
 
-#include "app/core/secondary_window.h"
+#include "ui/secondary_window.h"
 #include "shell/frm_about.h"
 #include "shell/help.h"
 #include "shell/skin_art.h"

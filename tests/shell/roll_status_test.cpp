@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <gtest/gtest.h>
 
-#include "app/core/window_routines.h"
+#include "ui/window_routines.h"
 #include "base/failure.h"
 #include "shell/roll.h"
 #include "shell/status_texts.h"

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "base/failure.h"
-#include "catalogue/codec/genres.h"
-#include "catalogue/codec/id3v1.h"
-#include "mail/text/text_files.h"
+#include "codec/genres.h"
+#include "codec/id3v1.h"
+#include "text/text_files.h"
 
 namespace {
 

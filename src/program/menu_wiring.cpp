@@ -1,0 +1,138 @@
+#include "program/menu_wiring.h"
+
+#include <QDesktopServices>
+#include <QPointer>
+#include <QUrl>
+#include <memory>
+
+#include "ui/qt_glue.h"
+#include "ui/settings_store.h"
+#include "ui/window_routines.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
+#include "run/chat.h"
+#include "run/runlog.h"
+#include "run/stats.h"
+#include "run/tagging_run.h"
+#include "base/prompts.h"
+#include "catalogue/catalogue.h"
+#include "client/client_commands.h"
+#include "client/window_system.h"
+#include "mail/mail_editors.h"
+#include "shell/frm_about.h"
+#include "shell/help.h"
+#include "program/startup.h"
+
+
+namespace qc {
+
+namespace {
+
+std::function<void(const std::string&)>& WebOpener() {
+  static std::function<void(const std::string&)> opener;
+  return opener;
+}
+
+// The first `count` characters of a UTF-8 text.
+std::string FirstCharacters(const std::string& text, int count) {
+  const QString q = ToQ(text);
+  return q.size() > count ? FromQ(q.left(count)) : text;
+}
+
+}  // namespace
+
+std::string HandleItemCaption(const std::string& handle) { return "&handle [" + handle + "]"; }
+
+void AskHandle(FrmMenu& frmMenu) {
+  const std::optional<std::string> answer =
+      CurrentPrompts().InputBox("please enter your handle/name...", "handle",
+                                frmMenu.lblHandle->Caption(), kInputBoxX, kInputBoxY);
+  if (!answer || answer->empty()) return;
+  frmMenu.lblHandle->SetCaption(*answer);
+  frmMenu.userHandle->setText(ToQ(HandleItemCaption(*answer)));
+}
+
+void AskCommentText(FrmMenu& frmMenu) {
+  const std::optional<std::string> answer = CurrentPrompts().InputBox(
+      "before uploading, rename all mp3 comment tags to...\r\r\r...30 letters max.", "id tags",
+      frmMenu.lblRename->Caption(), kInputBoxX, kInputBoxY);
+  if (!answer || answer->empty()) return;
+  frmMenu.lblRename->SetCaption(FirstCharacters(*answer, kCommentLimit));
+}
+
+void OpenWebPage(const std::string& address) {
+  if (WebOpener()) {
+    WebOpener()(address);
+    return;
+  }
+  QDesktopServices::openUrl(QUrl(ToQ(address)));  // the result is of no interest
+}
+
+void SetWebOpener(std::function<void(const std::string& address)> opener) {
+  WebOpener() = std::move(opener);
+}
+
+void ResetStats(FrmMain& frmMain) {
+  DeleteSetting(kAppName);
+  frmMain.lblMBs->SetCaption("0");
+  frmMain.lblUps->SetCaption("0");
+}
+
+void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
+  FrmMain* m = &frmMain;
+  FrmMenu* menu = &frmMenu;
+
+  // Popups under the picture buttons.
+  const std::pair<PictureBox*, QMenu*> popups[] = {
+      {frmMain.picMenu1, frmMenu.mnufile},
+      {frmMain.picMenu2, frmMenu.mnutag},
+      {frmMain.picMenu3, frmMenu.mnuOther},
+  };
+  for (const auto& [button, tree] : popups) {
+    QMenu* t = tree;
+    PictureBox* b = button;
+    QObject::connect(b, &Label::clicked, m, [t, b, m] { PopupUnder(t, b, m); });
+  }
+
+  // file
+  QObject::connect(frmMenu.how2use, &QAction::triggered, menu, [] { ShowHowToUse(); });
+  for (QAction* web : {frmMenu.weblink1, frmMenu.weblink2, frmMenu.fav1, frmMenu.fav2,
+                       frmMenu.fav3, frmMenu.fav4}) {
+    const std::string address = FrmMenu::WebAddress(FromQ(web->objectName()));
+    QObject::connect(web, &QAction::triggered, menu, [address] { OpenWebPage(address); });
+  }
+  QObject::connect(frmMenu.resetstat, &QAction::triggered, menu, [m] { ResetStats(*m); });
+  QObject::connect(frmMenu.kwaittt, &QAction::triggered, menu,
+                   [] { KillWait(CurrentWindowSystem()); });
+  QObject::connect(frmMenu.kmodallll, &QAction::triggered, menu,
+                   [] { KillModal(CurrentWindowSystem()); });
+  QObject::connect(frmMenu.kglyphhh, &QAction::triggered, menu,
+                   [] { KillGlyph(CurrentWindowSystem()); });
+  auto about = std::make_shared<QPointer<FrmAbout>>();
+  QObject::connect(frmMenu.aboutmp33, &QAction::triggered, menu,
+                   [menu, about] { OpenAbout(*about, menu->lblHandle->text()); });
+  QObject::connect(frmMenu.contactzme, &QAction::triggered, menu, [] { ShowContact(); });
+  QObject::connect(frmMenu.endprog, &QAction::triggered, menu, [m, menu] { ExitProgram(*m, *menu); });
+  QObject::connect(frmMain.picExit, &Label::clicked, m, [m, menu] { ExitProgram(*m, *menu); });
+
+  // tag: the nine toggles flip their own check marks; nothing else happens on them.
+  QObject::connect(frmMenu.renametags, &QAction::triggered, menu, [menu] { AskCommentText(*menu); });
+
+  // othermenu
+  QObject::connect(frmMenu.userHandle, &QAction::triggered, menu, [menu] { AskHandle(*menu); });
+
+  // The tips of the editors' menus.
+  QObject::connect(frmMenu.emailTips, &QAction::triggered, menu, [] { ShowMailListTips(); });
+  QObject::connect(frmMenu.subjectTips, &QAction::triggered, menu, [] { ShowSubjectTips(); });
+  QObject::connect(frmMenu.bodytips, &QAction::triggered, menu, [] { ShowBodyTips(); });
+
+  // The other subsystems bind their own items and buttons.
+  ConnectStats(frmMain, frmMenu);
+  ConnectRunLog(frmMain, frmMenu);
+  ConnectCatalogue(frmMain, frmMenu2);
+  ConnectMailEditors(frmMenu);
+  ConnectChatTools(frmMain, frmMenu);
+  ConnectTaggingRun(frmMain, frmMenu);
+}
+
+}  // namespace qc

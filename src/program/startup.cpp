@@ -1,0 +1,189 @@
+#include "program/startup.h"
+
+#include <QDir>
+#include <QLockFile>
+#include <QTimer>
+#include <cstdlib>
+
+#include "run/chat.h"
+#include "ui/qt_glue.h"
+#include "ui/settings_store.h"
+#include "ui/window_routines.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
+#include "base/prompts.h"
+#include "base/pump.h"
+#include "client/window_routines.h"
+#include "client/window_system.h"
+#include "shell/main_skin.h"
+#include "program/menu_wiring.h"
+#include "shell/skin_art.h"
+
+
+namespace qc {
+
+const char* const kGenerationWarningText =
+    "QUILL CAST v.qc27e has detected a version of AOL that will not work. QUILL CAST is "
+    "programed to work with AOL 95 and AOL 5.0 (32bit) only; using it with other versions of "
+    "AOL may cause errors, stalling, and freezing. A version of AOL 5.0 can be found at Keyword: "
+    "UPGRADE, and a version of AOL 95 can be found on an AOL software cd; make sure to install "
+    "AOL 95 for windows 95.";
+
+namespace {
+
+constexpr const char* kLeftProperty = "twipsLeft";
+
+std::string FlagKey(const char* item) { return std::string("frmmenu.") + item + ".Checked"; }
+
+std::function<void()>& ExitHook() {
+  static std::function<void()> hook;
+  return hook;
+}
+
+// The label's Left in twips as last set; pixels alone would lose the odd twips of each step.
+double LabelLeft(const Label& label) {
+  const QVariant v = label.property(kLeftProperty);
+  return v.isValid() ? v.toDouble() : TwipsLeft(&label);
+}
+
+void SetLabelLeft(Label& label, double left) {
+  label.setProperty(kLeftProperty, left);
+  SetTwipsLeft(&label, left);
+}
+
+}  // namespace
+
+InstanceLock::InstanceLock(const QString& lockPath) : lock_(std::make_unique<QLockFile>(lockPath)) {
+  // A lock left by a crashed instance is taken over; a live one is not.
+  lock_->setStaleLockTime(0);
+  acquired_ = lock_->tryLock(0);
+}
+
+InstanceLock::~InstanceLock() = default;
+
+QString InstanceLock::DefaultPath() { return QDir::temp().filePath(QStringLiteral("quillcast.lock")); }
+
+FrmStart::FrmStart(ProgramWindows windows, QWidget* parent)
+    : QWidget(parent, Qt::FramelessWindowHint), w_(windows) {
+  setObjectName(QStringLiteral("frmStart"));
+  setWindowTitle(QStringLiteral("quill cast"));
+  SetTwipsSize(this, 5700, 2400);
+  setAutoFillBackground(true);
+  QPalette pal = palette();
+  pal.setColor(QPalette::Window, QColor(0x1d, 0x1f, 0x26));
+  pal.setColor(QPalette::WindowText, QColor(0x9f, 0x86, 0x60));
+  setPalette(pal);
+
+  auto* logo = new QLabel(this);
+  logo->setObjectName(QStringLiteral("imgLogo"));
+  const QPixmap art = SkinArt(QStringLiteral("logo"));
+  if (!art.isNull()) logo->setPixmap(art);
+  logo->setAlignment(Qt::AlignCenter);
+  SetTwipsGeometry(logo, 0, 150, 5700, 1200);
+
+  auto* name = new QLabel(QStringLiteral("quill cast"), this);
+  name->setObjectName(QStringLiteral("lblName"));
+  QFont big = name->font();
+  big.setPointSizeF(big.pointSizeF() * 1.6);
+  big.setBold(true);
+  name->setFont(big);
+  name->setAlignment(Qt::AlignCenter);
+  QPalette light = name->palette();
+  light.setColor(QPalette::WindowText, QColor(0xcf, 0xe2, 0xee));
+  name->setPalette(light);
+  SetTwipsGeometry(name, 0, 1350, 5700, 450);
+  setStyleSheet(QStringLiteral("#frmStart { background: #1d1f26; border: 1px solid #60869f; }"
+                               " #lblVersion { color: #9f8660; } #lblName { color: #cfe2ee; }"));
+  setAttribute(Qt::WA_StyledBackground, true);
+
+  lblVersion = new Label(QStringLiteral("lblVersion"), QString::fromLatin1(kVersionCaption), this);
+  QFont f = lblVersion->font();
+  f.setBold(true);
+  lblVersion->setFont(f);
+  SetTwipsGeometry(lblVersion, 0, 1900, 1500, 300);
+
+  tmrLoad = new QTimer(this);
+  tmrLoad->setObjectName(QStringLiteral("tmrLoad"));
+  tmrLoad->setInterval(kLoadIntervalMs);
+  connect(tmrLoad, &QTimer::timeout, this, &FrmStart::LoadTick);
+}
+
+void FrmStart::Open() {
+  WarnOnClientGeneration();
+  CenterWindow(this);
+  StayOnTop(this);
+  SetLabelLeft(*lblVersion, kVersionStartLeft);
+  show();
+  tmrLoad->start();
+}
+
+void FrmStart::LoadTick() {
+  // A nested pump inside the slide must not tick a second time.
+  tmrLoad->stop();
+  SlideVersionLabel(*lblVersion);
+  Pause(0.2);
+  // Touching frmMain's counters loads it: size, outline, centre, on top.
+  LoadMainSkin(*w_.frmMain);
+  RestoreUserSettings(*w_.frmMain, *w_.frmMenu);
+  GreetChatRoom(*w_.frmMain);
+  w_.frmMain->show();
+  hide();
+  emit loaded();
+  deleteLater();
+}
+
+bool WarnOnClientGeneration() {
+  const int generation = ClientVersion(CurrentWindowSystem());
+  if (generation != 2 && generation != 4) return false;
+  CurrentPrompts().MsgBox(kGenerationWarningText, kWarningFlags, kWarningTitle);
+  return true;
+}
+
+void SlideVersionLabel(Label& label) {
+  double left = LabelLeft(label);
+  do {
+    left += kVersionStep;
+    SetLabelLeft(label, left);
+    DoEvents();
+  } while (left < kVersionStopBelow);
+}
+
+void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
+  const std::string screenName = ClientScreenName(CurrentWindowSystem());
+  for (const char* item : kOptionItems)
+    frmMenu.setCheck(item, FlagIsOn(GetTableSetting(kOptionsSection, FlagKey(item), screenName)));
+  frmMenu.lblHandle->SetCaption(GetTableSetting(kOptionsSection, "handle", screenName));
+  frmMenu.lblRename->SetCaption(GetTableSetting(kOptionsSection, "rename", screenName));
+  frmMain.lblMBs->SetCaption(GetTableSetting(kOptionsSection, "mbs", screenName));
+  frmMain.lblUps->SetCaption(GetTableSetting(kOptionsSection, "ups", screenName));
+  frmMenu.userHandle->setText(ToQ(HandleItemCaption(frmMenu.lblHandle->Caption())));
+}
+
+void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
+  for (const char* item : kOptionItems)
+    SaveSetting(kAppName, kOptionsSection, FlagKey(item), FlagText(frmMenu.check(item)));
+  SaveSetting(kAppName, kOptionsSection, "mbs", frmMain.lblMBs->Caption());
+  SaveSetting(kAppName, kOptionsSection, "ups", frmMain.lblUps->Caption());
+  SaveSetting(kAppName, kOptionsSection, "handle", frmMenu.lblHandle->Caption());
+  SaveSetting(kAppName, kOptionsSection, "rename", frmMenu.lblRename->Caption());
+}
+
+void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu) {
+  frmMain.hide();
+  SayGoodbyeInChat(frmMain);
+  SaveUserSettings(frmMain, frmMenu);
+  if (ExitHook()) {
+    ExitHook()();
+    return;
+  }
+  // At once: no window, no pending event and no waiting run gets to run code again.
+  std::_Exit(0);
+}
+
+void SetExitHook(std::function<void()> hook) { ExitHook() = std::move(hook); }
+
+void GreetChatRoom(const FrmMain& frmMain) { SendStartBlock(frmMain); }
+
+void SayGoodbyeInChat(const FrmMain& frmMain) { SendEndBlock(frmMain); }
+
+}  // namespace qc

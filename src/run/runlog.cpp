@@ -1,0 +1,110 @@
+#include "run/runlog.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <filesystem>
+#include <system_error>
+
+#include "run/dates.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
+#include "base/failure.h"
+#include "base/numbers.h"
+#include "base/prompts.h"
+#include "text/text.h"
+
+namespace qc {
+namespace {
+
+constexpr char kCrLf[] = "\r\n";
+const std::string kRule = "  " + std::string(37, '-');
+
+std::string TrimmedNumber(double value) { return Trim(PaddedNumberText(value)); }
+
+}  // namespace
+
+std::string ShortFileName(const std::string& path) {
+  static const std::string separator(1, std::filesystem::path::preferred_separator);
+  std::string name = path;
+  while (InStr(name, separator) > 0) name = TextAfter(name, separator);
+  return name;
+}
+
+std::int64_t FileLength(const std::string& path) {
+  std::error_code ec;
+  const auto size = std::filesystem::file_size(path, ec);
+  if (ec) RaiseFailure(kFileNotFound);
+  return static_cast<std::int64_t>(size);
+}
+
+double RoundedMegabytes(const std::string& path) {
+  return RoundTo(static_cast<double>(FileLength(path)) / 1000000.0, 2);
+}
+
+std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form) {
+  // Count and total stand above the entries, so the entries come first.
+  std::string entries;
+  double total = 0;
+  const std::int16_t count = frmMain.lstPathSelect->ListCount();
+  for (std::int16_t i = 0; i < count; ++i) {
+    const std::string path = frmMain.lstPathSelect->List(i);
+    const std::string name = ShortFileName(path);
+    const double mb = RoundedMegabytes(path);
+    total += mb;
+    entries += TrimmedNumber(i + 1) + ".\tfile name: " + name + kCrLf;
+    if (form == RunLogForm::kMail) {
+      // The lone CR before the subject and the lone LF after it are how the log has always
+      // been written; readers of old logs expect them.
+      entries += "\tfile size: " + TrimmedNumber(mb) + "mb\r\t" + frmMain.lstSubj->List(i) +
+                 "\n\r\n\r\n";
+    } else {
+      entries += "\tfile size: " + TrimmedNumber(mb) + "mb\r\n\r\n";
+    }
+  }
+  std::string log;
+  log += "  quill cast : v.qc23e : brindle" + std::string(kCrLf);
+  log += kRule + kCrLf;
+  log += "  log:" + std::string(kCrLf);
+  log += "    number of mp3s: " + TrimmedNumber(count) + kCrLf;
+  log += "    total megabytes: " + TrimmedNumber(total) + kCrLf;
+  log += "    log created on: " + TodayShort() + kCrLf;
+  log += kRule + kCrLf;
+  log += "  log in detail:\r\n\r\n";
+  return log + entries;
+}
+
+std::string CompileRunLog(const FrmMain& frmMain) {
+  return BuildRunLog(frmMain, RunLogForm::kMail);
+}
+
+std::string SelectedMbTotal(const FrmMain& frmMain) {
+  double total = 0;
+  const std::int16_t count = frmMain.lstPathSelect->ListCount();
+  for (std::int16_t i = 0; i < count; ++i) total += RoundedMegabytes(frmMain.lstPathSelect->List(i));
+  return TrimmedNumber(total);
+}
+
+void CopyRunLog(const FrmMain& frmMain) {
+  if (frmMain.lstPathSelect->ListCount() == 0) {
+    CurrentPrompts().MsgBox(
+        "cannot compile a log because you have not selected files to upload.",
+        kCritical | kSystemModal, "error:");
+    return;
+  }
+  const std::string log = BuildRunLog(frmMain, RunLogForm::kClipboard);
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  clipboard->clear();
+  clipboard->setText(QString::fromStdString(log));
+  CurrentPrompts().MsgBox(
+      "log has been copyed to your clipboard. it is recommened that you paste the log into an "
+      "email form and send it to the person in your group that is in charge of stats!",
+      kInformation | kSystemModal, "log");
+}
+
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu) {
+  QObject::connect(frmMenu.compileLog, &QAction::triggered, &frmMain,
+                   [&frmMain] { CopyRunLog(frmMain); });
+}
+
+}  // namespace qc

@@ -1,0 +1,51 @@
+// Upchat mode: the transfer window out of the way and back.
+#include "run/upchat.h"
+
+#include <optional>
+
+#include "base/prompts.h"
+#include "client/vocabulary.h"
+#include "client/window_system.h"
+
+namespace qc {
+namespace {
+
+constexpr std::int32_t kSwHide = 0;
+constexpr std::int32_t kSwMinimize = 6;
+constexpr std::int32_t kSwRestore = 9;
+
+// The first window of the class, whatever its title: no test is made that it is a transfer.
+Hwnd FindTransferWindow() {
+  Hwnd modal = CurrentWindowSystem().FindWindowA(std::string(aol::kModalUpperClass), std::nullopt);
+  if (modal == 0) {
+    std::string text = "file transfer window not found";
+    int flags = kCritical;
+    std::string title = "error: ";
+    ShowMessage(text, flags, title);
+  }
+  return modal;
+}
+
+}  // namespace
+
+void ShowMessage(std::string& text, int& flags, std::string& title) {
+  CurrentPrompts().MsgBox(text, flags + kSystemModal, title);
+}
+
+void UpchatOn() {
+  const Hwnd modal = FindTransferWindow();
+  if (modal == 0) return;
+  WindowSystem& ws = CurrentWindowSystem();
+  ws.ShowWindow(modal, kSwHide);
+  ws.ShowWindow(modal, kSwMinimize);
+}
+
+void UpchatOff() {
+  const Hwnd modal = FindTransferWindow();
+  if (modal == 0) return;
+  WindowSystem& ws = CurrentWindowSystem();
+  ws.ShowWindow(modal, kSwHide);
+  ws.ShowWindow(modal, kSwRestore);
+}
+
+}  // namespace qc

@@ -1,0 +1,19 @@
+#pragma once
+// A list control seen as an address list, for the full-box check.
+#include "ui/list_box.h"
+#include "client/address_list.h"
+
+namespace qc {
+
+class ListBoxAddresses : public AddressList {
+ public:
+  explicit ListBoxAddresses(ListBox& list) : list_(list) {}
+  int Count() const override { return list_.ListCount(); }
+  std::string Item(int index) const override { return list_.List(index); }
+  void Remove(int index) override { list_.RemoveItem(index); }
+
+ private:
+  ListBox& list_;
+};
+
+}  // namespace qc

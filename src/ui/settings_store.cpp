@@ -1,0 +1,123 @@
+#include "ui/settings_store.h"
+
+#include <QSettings>
+#include <stdexcept>
+
+#include "base/numbers.h"
+
+namespace qc {
+namespace {
+
+QString Q(const std::string& s) { return QString::fromStdString(s); }
+
+QSettings Store(const std::string& application) {
+  return QSettings(QSettings::IniFormat, QSettings::UserScope, Q(application), Q(application));
+}
+
+}  // namespace
+
+std::string GetSetting(const std::string& application, const std::string& section,
+                       const std::string& key, const std::string& defaultValue) {
+  QSettings s = Store(application);
+  s.beginGroup(Q(section));
+  QVariant v = s.value(Q(key));
+  if (!v.isValid()) return defaultValue;
+  // A hand-edited value with unquoted commas comes back as a list.
+  if (v.typeId() == QMetaType::QStringList) return v.toStringList().join(", ").toStdString();
+  return v.toString().toStdString();
+}
+
+void SaveSetting(const std::string& application, const std::string& section,
+                 const std::string& key, const std::string& value) {
+  QSettings s = Store(application);
+  s.beginGroup(Q(section));
+  s.setValue(Q(key), Q(value));
+  s.endGroup();
+  s.sync();
+}
+
+void DeleteSetting(const std::string& application, const std::string& section,
+                   const std::string& key) {
+  QSettings s = Store(application);
+  s.beginGroup(Q(section));
+  s.remove(Q(key));
+  s.endGroup();
+  s.sync();
+}
+
+void DeleteSetting(const std::string& application, const std::string& section) {
+  QSettings s = Store(application);
+  s.remove(Q(section));
+  s.sync();
+}
+
+void DeleteSetting(const std::string& application) {
+  QSettings s = Store(application);
+  s.clear();
+  s.sync();
+}
+
+void SetSettingsFolder(const std::string& folder) {
+  QString path = folder.empty() ? QString() : Q(folder);
+  if (path.isEmpty()) {
+    // Back to the platform's user configuration folder.
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                       qEnvironmentVariable("XDG_CONFIG_HOME",
+                                            qEnvironmentVariable("HOME") + "/.config"));
+  } else {
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
+  }
+}
+
+std::string SettingsFilePath(const std::string& application) {
+  return Store(application).fileName().toStdString();
+}
+
+const std::vector<SettingEntry>& SettingsTable() {
+  using K = DefaultKind;
+  static const std::vector<SettingEntry> table = {
+      {kOptionsSection, "frmmenu.makesublcase.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.bbcemail.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.sendlater.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.deadchecknames.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.memberlst.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.uploadlst.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.renamecomment.Checked", "0", K::kFixed, true},
+      {kOptionsSection, "frmmenu.autohead.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "frmmenu.autofoot.Checked", "1", K::kFixed, true},
+      {kOptionsSection, "handle", "", K::kScreenName, false},
+      {kOptionsSection, "rename", "", K::kUploadedByName, false},
+      {kOptionsSection, "mbs", "0", K::kFixed, false},
+      {kOptionsSection, "ups", "0", K::kFixed, false},
+      {kOptionsSection, "ascii1", "\u00B7\u2022(`(`\u00B7", K::kFixed, false},
+      {kOptionsSection, "ascii2", "\u00B7\u00B4)\u00B4)\u2022\u00B7", K::kFixed, false},
+      {kSubjectSection, "subject", "\u00B7\u2022 \u00F3mbreval\u00E8 \u2022\u00B7[idArtist$]-idTitle$",
+       K::kFixed, false},
+  };
+  return table;
+}
+
+const SettingEntry& SettingOf(const std::string& section, const std::string& key) {
+  for (const auto& entry : SettingsTable()) {
+    if (section == entry.section && key == entry.key) return entry;
+  }
+  throw std::out_of_range("no setting " + section + "/" + key);
+}
+
+std::string SettingDefault(const SettingEntry& entry, const std::string& screenName) {
+  switch (entry.kind) {
+    case DefaultKind::kScreenName: return screenName;
+    case DefaultKind::kUploadedByName: return "uploaded by " + screenName;
+    case DefaultKind::kFixed: break;
+  }
+  return entry.fixedDefault;
+}
+
+std::string GetTableSetting(const std::string& section, const std::string& key,
+                            const std::string& screenName) {
+  return GetSetting(kAppName, section, key, SettingDefault(SettingOf(section, key), screenName));
+}
+
+bool FlagIsOn(const std::string& storedValue) { return LeadingNumber(storedValue) != 0; }
+
+}  // namespace qc

@@ -1,0 +1,101 @@
+// The frame of secondary windows: size from the face panel, centred, on top, save and exit.
+#include "ui/secondary_window.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <gtest/gtest.h>
+
+#include "ui/window_routines.h"
+#include "support/budget.h"
+
+namespace qc {
+namespace {
+
+class EditWindow : public SecondaryWindow {
+ public:
+  explicit EditWindow(int* saves)
+      : SecondaryWindow(QStringLiteral("frmSubject"), QStringLiteral("edit subject line"), 4095,
+                        1590) {
+    exit_ = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2880, 1170,
+                        1095, 300);
+    setSaveHook([saves] { ++*saves; });
+  }
+  Command3D* exit_;
+};
+
+void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+TEST(SecondaryWindowTest, OpensSizedByItsFaceCentredOnTopWithoutBlocking) {
+  int saves = 0;
+  QPointer<EditWindow> w = new EditWindow(&saves);
+  EXPECT_EQ(w->pnlFrame()->objectName(), "pnlFrame");
+  EXPECT_EQ(w->pnlTitle()->objectName(), "pnlTitle");
+  w->open();
+  EXPECT_EQ(w->size(), QSize(273, 106));
+  EXPECT_TRUE(w->isVisible());
+  EXPECT_FALSE(w->isModal());
+  EXPECT_TRUE(w->windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(w->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+  const QRect screen = QGuiApplication::primaryScreen()->geometry();
+  EXPECT_NEAR(w->x() - screen.x(), (screen.width() - 273) / 2.0, 1);
+  EXPECT_NEAR(w->y() - screen.y(), (screen.height() - 106) / 2.0, 1);
+  EXPECT_EQ(saves, 0);
+  delete w;
+}
+
+TEST(SecondaryWindowTest, SaveAndExitSavesOnceThenUnloads) {
+  int saves = 0;
+  QPointer<EditWindow> w = new EditWindow(&saves);
+  w->open();
+  EXPECT_EQ(w->exit_->text(), "save && e&xit");
+  w->exit_->click();
+  EXPECT_EQ(saves, 1);
+  EXPECT_FALSE(w->isVisible());
+  FlushDeletes();
+  EXPECT_TRUE(w.isNull());
+}
+
+TEST(SecondaryWindowTest, OpenSecondaryLoadsAnewOnlyAfterAnUnload) {
+  int saves = 0;
+  QPointer<EditWindow> slot;
+  EditWindow* first = OpenSecondary(slot, &saves);
+  EXPECT_EQ(OpenSecondary(slot, &saves), first);
+  first->saveAndExit();
+  FlushDeletes();
+  EXPECT_TRUE(slot.isNull());
+  EditWindow* second = OpenSecondary(slot, &saves);
+  EXPECT_NE(second, nullptr);
+  EXPECT_TRUE(second->isVisible());
+  EXPECT_EQ(saves, 1);
+  delete second;
+}
+
+TEST(SecondaryWindowTest, PressOnTheTitleMovesThenSnaps) {
+  int saves = 0;
+  EditWindow w(&saves);
+  w.setAttribute(Qt::WA_DeleteOnClose, false);
+  w.open();
+  SetTwipsLeft(&w, 195);
+  SetTwipsTop(&w, 2400);
+  // No button is held for the platform, so the drag ends at once and the snap follows.
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::RightButton,
+                    Qt::RightButton, Qt::NoModifier);
+  test::PumpBudget budget(100);
+  QApplication::sendEvent(w.pnlTitle(), &press);
+  EXPECT_DOUBLE_EQ(TwipsLeft(&w), 0);
+  EXPECT_DOUBLE_EQ(TwipsTop(&w), 2400);
+}
+
+TEST(SecondaryWindowTest, PanelsKeepTheirFaceColourForTheirLists) {
+  Panel3D panel(nullptr, QStringLiteral("pnlInfo"));
+  EXPECT_EQ(panel.backColor(), skin::kFace);
+  panel.setBackColor(skin::kAccent);
+  EXPECT_EQ(panel.backColor(), QColor(0x60, 0x86, 0x9F));
+  panel.setCaption(QStringLiteral(" letter count: 5"));
+  EXPECT_EQ(panel.caption(), " letter count: 5");
+}
+
+}  // namespace
+}  // namespace qc
