@@ -20,6 +20,7 @@
 #include "codec/id3v1.h"
 #include "text/template_keys.h"
 #include "text/text.h"
+#include "text/text_files.h"
 
 namespace qc {
 
@@ -79,7 +80,7 @@ void AddOneMp3(FrmMain& f, long long i) {
   f.lblGenre->SetCaption("genre: " + (hasTag ? tag.genre : std::string("unknown")));
   f.lblYear->SetCaption("yr: " + (hasTag ? tag.year : std::string("1999")));
 
-  const std::string size = SizeText(Mp3FileLength(path));
+  const std::string size = SizeText(FileLength(path));
   f.lblMb->SetCaption("mb: " + size);
 
   const std::string subject = ExpandSubject(subjectTemplate, name, size, tag, hasTag);
@@ -138,13 +139,6 @@ std::string ExpandSubject(std::string subjectTemplate, const std::string& name,
       default: return {};
     }
   });
-}
-
-long long Mp3FileLength(const std::string& path) {
-  std::error_code ec;
-  const auto size = std::filesystem::file_size(std::filesystem::u8path(path), ec);
-  if (ec) RaiseFailure(kFileNotFound);
-  return static_cast<long long>(size);
 }
 
 void ChooseFolder(FrmMain& f) {

@@ -35,9 +35,6 @@ void PointFile1At(ListBox& file1, const std::string& folder);
 std::string ExpandSubject(std::string subjectTemplate, const std::string& name,
                           const std::string& sizeText, const Id3Tag& tag, bool hasTag);
 
-// The file's length in bytes; a file that has gone raises the file-not-found failure.
-long long Mp3FileLength(const std::string& path);
-
 // Click handlers of the select panel.
 void ChooseFolder(FrmMain& f);      // lblSetfolder: appends a folder's files to lstMp3/lstPaths
 void AddSelectedMp3s(FrmMain& f);   // lbl_Add

@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "codec/id3v1.h"
 #include "catalogue/folder_list.h"
+#include "text/text_files.h"
 
 namespace qc {
 
@@ -54,7 +55,7 @@ void ShowFileInfo(FrmMain& f, int index, InfoCaller caller) {
     f.lblGenre->SetCaption("genre: " + missing);
     f.lblYear->SetCaption("yr: 1999");
   }
-  f.lblMb->SetCaption("mb: " + SizeText(Mp3FileLength(path)));
+  f.lblMb->SetCaption("mb: " + SizeText(FileLength(path)));
   f.txtSubj->SetText(f.lstSubj->List(index));
   // Setting the same text again reports no change, yet the box must agree with the line.
   SubjectTextChanged(f);

@@ -44,11 +44,6 @@ void UseSmallFont(QWidget* w) {
 
 }  // namespace
 
-std::string BodyTemplatePath() {
-  // Joined bare on purpose: the file lies beside the folder.
-  return AppPath() + "txtBody.sys";
-}
-
 std::string EditorDefaultBody() {
   return "paste your group tag here!\r\n"
          "\r\n"

@@ -45,8 +45,6 @@ std::string TrimBlanks(const std::string& s) {
 
 }  // namespace
 
-std::string MemberListPath() { return AppPath() + "/lstMember.sys"; }
-std::string UploadListPath() { return AppPath() + "/lstUpload.sys"; }
 
 EntryBox::EntryBox(QWidget* parent, const QString& name) : QLineEdit(parent) {
   setObjectName(name);

@@ -21,12 +21,6 @@ namespace qc {
 
 class FrmMenu;
 
-// The list files inside the program's folder, and the body file beside it (joined bare, so its
-// name begins with the folder's own name).
-std::string MemberListPath();
-std::string UploadListPath();
-std::string BodyTemplatePath();
-
 // The body frmBody offers when the file gives no text: tab-aligned, lines joined by CR LF, no
 // line end behind the last line.
 std::string EditorDefaultBody();

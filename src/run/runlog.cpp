@@ -13,6 +13,7 @@
 #include "base/numbers.h"
 #include "base/prompts.h"
 #include "text/text.h"
+#include "text/text_files.h"
 
 namespace qc {
 namespace {
@@ -29,13 +30,6 @@ std::string ShortFileName(const std::string& path) {
   std::string name = path;
   while (InStr(name, separator) > 0) name = TextAfter(name, separator);
   return name;
-}
-
-std::int64_t FileLength(const std::string& path) {
-  std::error_code ec;
-  const auto size = std::filesystem::file_size(path, ec);
-  if (ec) RaiseFailure(kFileNotFound);
-  return static_cast<std::int64_t>(size);
 }
 
 double RoundedMegabytes(const std::string& path) {

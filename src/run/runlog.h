@@ -29,9 +29,6 @@ void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu);
 // The name behind the last path separator.
 std::string ShortFileName(const std::string& path);
 
-// The file's length in bytes; a missing file raises the file-not-found failure.
-std::int64_t FileLength(const std::string& path);
-
 // A file's size in decimal megabytes rounded to two places, as the run and the log add it up.
 double RoundedMegabytes(const std::string& path);
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 
+#include "ui/app_path.h"
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "run/dates.h"
@@ -17,6 +18,7 @@
 #include "client/vocabulary.h"
 #include "client/window_system.h"
 #include "mail/mail_editors.h"
+#include "text/template_keys.h"
 #include "text/text.h"
 #include "text/text_files.h"
 
@@ -146,21 +148,23 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
 
     const std::string shortName = ShortFileName(path);
     // A vanished file fails here and takes the program down.
-    const double fileMb = static_cast<double>(FileLength(path)) / 1000000.0;
-    const double roundedMb = RoundTo(fileMb, 2);
+    const double roundedMb = RoundedMegabytes(path);
 
-    // In this order, each over the result of the one before: a value holding a later key is
-    // expanded in its turn.
-    ReplaceAll(bodyText, "idTitle$", tag.title);
-    ReplaceAll(bodyText, "idArtist$", tag.artist);
-    ReplaceAll(bodyText, "idAlbum$", tag.album);
-    ReplaceAll(bodyText, "idYear$", tag.year);
-    ReplaceAll(bodyText, "idGenre$", tag.genre);
-    ReplaceAll(bodyText, "sysDate$", TodayLong());
-    ReplaceAll(bodyText, "myHandle$", frmMenu.lblHandle->Caption());
-    ReplaceAll(bodyText, "fileSize$", TrimmedNumber(roundedMb) + "mb");
-    ReplaceAll(bodyText, "fileName$", shortName);
-    ReplaceAll(bodyText, "idComment$", tag.comment);
+    ExpandKeys(bodyText, kBodyKeyOrder, [&](TemplateKey key) -> std::string {
+      switch (key) {
+        case TemplateKey::kIdTitle: return tag.title;
+        case TemplateKey::kIdArtist: return tag.artist;
+        case TemplateKey::kIdAlbum: return tag.album;
+        case TemplateKey::kIdYear: return tag.year;
+        case TemplateKey::kIdGenre: return tag.genre;
+        case TemplateKey::kSysDate: return TodayLong();
+        case TemplateKey::kMyHandle: return frmMenu.lblHandle->Caption();
+        case TemplateKey::kFileSize: return TrimmedNumber(roundedMb) + "mb";
+        case TemplateKey::kFileName: return shortName;
+        case TemplateKey::kIdComment: return tag.comment;
+      }
+      return {};
+    });
 
     std::string subjectText = frmMain.lstSubj->List(index);
     if (frmMenu.check("makesublcase")) subjectText = LowerCase(subjectText);

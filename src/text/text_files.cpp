@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include "base/failure.h"
@@ -87,6 +88,13 @@ bool FileExists(const std::string& path) {
     }
   }
   return false;
+}
+
+std::int64_t FileLength(const std::string& path) {
+  std::error_code ec;
+  const auto size = std::filesystem::file_size(path, ec);
+  if (ec) RaiseFailure(kFileNotFound);
+  return static_cast<std::int64_t>(size);
 }
 
 std::optional<std::string> ReadTextForBox(const std::string& path) {

@@ -2,6 +2,7 @@
 // Whole-file text routines and list files. They share one file channel: while one of them has a
 // file open (a list file stays open while its fields are added and events pumped), another one's
 // open fails and that failure is ignored like every other failure inside them.
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -14,6 +15,9 @@ namespace qc {
 // with * or ? matches like the platform's directory search and counts when anything matches.
 // An empty path is false. A path holding a NUL raises the bad-file-name failure.
 bool FileExists(const std::string& path);
+
+// The file's length in bytes; a file that is missing or has gone raises the file-not-found failure.
+std::int64_t FileLength(const std::string& path);
 
 // The file's text without trailing line ends (first CRs, then CR LF pairs); "" when the file is
 // missing or cannot be read.

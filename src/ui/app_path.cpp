@@ -19,4 +19,8 @@ std::string AppPath() {
   return path.toStdString();
 }
 
+std::string MemberListPath() { return AppPath() + "/lstMember.sys"; }
+std::string UploadListPath() { return AppPath() + "/lstUpload.sys"; }
+std::string BodyTemplatePath() { return AppPath() + "txtBody.sys"; }
+
 }  // namespace qc

@@ -10,4 +10,9 @@ namespace qc {
 // The folder is created when missing.
 std::string AppPath();
 
+// The list files in the program's folder, and the body file beside it (joined bare on purpose).
+std::string MemberListPath();
+std::string UploadListPath();
+std::string BodyTemplatePath();
+
 }  // namespace qc
