@@ -66,7 +66,7 @@ void SetBold(QWidget* w, bool bold) {
 // One pass of the add operations: copies entry i of the catalogue into the selection, shows the
 // file in the info labels and stores its subject line.
 void AddOneMp3(FrmMain& f, long long i) {
-  const std::string subjectTemplate = GetTableSetting(kSubjectSection, "subject");
+  const std::string subjectTemplate = ReadSetting(Setting::kSubject);
   const std::string path = f.lstPaths->List(i);
   f.lstUp->AddItem(f.lstMp3->List(i));
   f.lstPathSelect->AddItem(path);

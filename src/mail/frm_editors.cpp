@@ -79,7 +79,7 @@ FrmSubject::FrmSubject(FrmMenu* menu, QWidget* parent)
   QFont arial(QStringLiteral("Arial"));
   arial.setPixelSize(12);
   txtSubj->setFont(arial);
-  txtSubj->setText(ToQ(SettingOf(kSubjectSection, "subject").fixedDefault));
+  txtSubj->setText(ToQ(SettingOf(Setting::kSubject).fixedDefault));
   SetTwipsGeometry(txtSubj, 120, 420, 3855, 315);
   pnlInfo = new Panel3D(face, QStringLiteral("pnlInfo"));
   pnlInfo->setBevel(Panel3D::Bevel::kInset, 1);
@@ -92,7 +92,7 @@ FrmSubject::FrmSubject(FrmMenu* menu, QWidget* parent)
   SetTwipsGeometry(cmdMenu, 120, 1185, 1800, 285);
   cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2175, 1185,
                         1800, 285);
-  setSaveHook([this] { SaveSetting(kAppName, kSubjectSection, "subject", FromQ(txtSubj->text())); });
+  setSaveHook([this] { WriteSetting(Setting::kSubject, FromQ(txtSubj->text())); });
   connect(txtSubj, &QLineEdit::textChanged, this, [this] { UpdateLetterCount(); });
   QPointer<FrmMenu> m(menu);
   connect(cmdMenu, &QPushButton::clicked, this, [this, m] {
@@ -103,7 +103,7 @@ FrmSubject::FrmSubject(FrmMenu* menu, QWidget* parent)
   CenterWindow(this);
   StayOnTop(this);
   TakeBackColor(txtSubj, face->backColor());
-  txtSubj->setText(ToQ(GetTableSetting(kSubjectSection, "subject")));
+  txtSubj->setText(ToQ(ReadSetting(Setting::kSubject)));
   UpdateLetterCount();
 }
 
@@ -159,27 +159,27 @@ FrmHead::FrmHead(QWidget* parent)
   SetTwipsGeometry(Label1, 90, 195, 435, 225);
   asciiFront = new QLineEdit(SSFrame1);
   asciiFront->setObjectName(QStringLiteral("asciiFront"));
-  asciiFront->setText(ToQ(SettingOf(kOptionsSection, "ascii1").fixedDefault));
+  asciiFront->setText(ToQ(SettingOf(Setting::kAscii1).fixedDefault));
   SetTwipsGeometry(asciiFront, 510, 180, 585, 255);
   Label2 = new QLabel(QStringLiteral("end:"), SSFrame1);
   Label2->setObjectName(QStringLiteral("Label2"));
   SetTwipsGeometry(Label2, 1140, 195, 375, 225);
   asciiBack = new QLineEdit(SSFrame1);
   asciiBack->setObjectName(QStringLiteral("asciiBack"));
-  asciiBack->setText(ToQ(SettingOf(kOptionsSection, "ascii2").fixedDefault));
+  asciiBack->setText(ToQ(SettingOf(Setting::kAscii2).fixedDefault));
   SetTwipsGeometry(asciiBack, 1500, 180, 585, 255);
   SSCommand1 = addSaveExit(QStringLiteral("SSCommand1"), QStringLiteral("save && exit"), 120, 900,
                            2160, 285);
   setSaveHook([this] {
-    SaveSetting(kAppName, kOptionsSection, "ascii1", FromQ(asciiFront->text()));
-    SaveSetting(kAppName, kOptionsSection, "ascii2", FromQ(asciiBack->text()));
+    WriteSetting(Setting::kAscii1, FromQ(asciiFront->text()));
+    WriteSetting(Setting::kAscii2, FromQ(asciiBack->text()));
   });
 
   sizeFromFrame();
   TakeBackColor(asciiFront, face->backColor());
   TakeBackColor(asciiBack, face->backColor());
-  asciiFront->setText(ToQ(GetTableSetting(kOptionsSection, "ascii1")));
-  asciiBack->setText(ToQ(GetTableSetting(kOptionsSection, "ascii2")));
+  asciiFront->setText(ToQ(ReadSetting(Setting::kAscii1)));
+  asciiBack->setText(ToQ(ReadSetting(Setting::kAscii2)));
 }
 
 FrmEmailto* MailListEditor() { return MailListSlot(); }

@@ -33,8 +33,6 @@ namespace {
 
 constexpr const char* kLeftProperty = "twipsLeft";
 
-std::string FlagKey(const char* item) { return std::string("frmmenu.") + item + ".Checked"; }
-
 std::function<void()>& ExitHook() {
   static std::function<void()> hook;
   return hook;
@@ -150,22 +148,21 @@ void SlideVersionLabel(Label& label) {
 
 void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
   const std::string screenName = ClientScreenName(CurrentWindowSystem());
-  for (const char* item : kOptionItems)
-    frmMenu.setCheck(item, FlagIsOn(GetTableSetting(kOptionsSection, FlagKey(item), screenName)));
-  frmMenu.lblHandle->SetCaption(GetTableSetting(kOptionsSection, "handle", screenName));
-  frmMenu.lblRename->SetCaption(GetTableSetting(kOptionsSection, "rename", screenName));
-  frmMain.lblMBs->SetCaption(GetTableSetting(kOptionsSection, "mbs", screenName));
-  frmMain.lblUps->SetCaption(GetTableSetting(kOptionsSection, "ups", screenName));
+  for (Option item : kOptions)
+    frmMenu.setCheck(item, FlagIsOn(ReadSetting(FlagSetting(item), screenName)));
+  frmMenu.lblHandle->SetCaption(ReadSetting(Setting::kHandle, screenName));
+  frmMenu.lblRename->SetCaption(ReadSetting(Setting::kRename, screenName));
+  frmMain.lblMBs->SetCaption(ReadSetting(Setting::kMbs, screenName));
+  frmMain.lblUps->SetCaption(ReadSetting(Setting::kUps, screenName));
   frmMenu.userHandle->setText(ToQ(HandleItemCaption(frmMenu.lblHandle->Caption())));
 }
 
 void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
-  for (const char* item : kOptionItems)
-    SaveSetting(kAppName, kOptionsSection, FlagKey(item), FlagText(frmMenu.check(item)));
-  SaveSetting(kAppName, kOptionsSection, "mbs", frmMain.lblMBs->Caption());
-  SaveSetting(kAppName, kOptionsSection, "ups", frmMain.lblUps->Caption());
-  SaveSetting(kAppName, kOptionsSection, "handle", frmMenu.lblHandle->Caption());
-  SaveSetting(kAppName, kOptionsSection, "rename", frmMenu.lblRename->Caption());
+  for (Option item : kOptions) WriteSetting(FlagSetting(item), FlagText(frmMenu.check(item)));
+  WriteSetting(Setting::kMbs, frmMain.lblMBs->Caption());
+  WriteSetting(Setting::kUps, frmMain.lblUps->Caption());
+  WriteSetting(Setting::kHandle, frmMenu.lblHandle->Caption());
+  WriteSetting(Setting::kRename, frmMenu.lblRename->Caption());
 }
 
 void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu) {

@@ -36,8 +36,8 @@ void AppendListFile(ListBox& list, const std::string& path) {
 // The start and end notices go out only on the generations whose notice driver exists.
 void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const std::string& recipients,
                 const char* word) {
-  const std::string decorLeft = GetTableSetting(kOptionsSection, "ascii1");
-  const std::string decorRight = GetTableSetting(kOptionsSection, "ascii2");
+  const std::string decorLeft = ReadSetting(Setting::kAscii1);
+  const std::string decorRight = ReadSetting(Setting::kAscii2);
   RunDrivers& drivers = CurrentRunDrivers();
   if (drivers.clientVersion() == 3) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
@@ -101,10 +101,10 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   // The sender always gets a copy of everything; duplicates stay.
   frmMain.lstSend->Clear();
   frmMain.lstSend->AddItem(drivers.clientScreenName());
-  if (frmMenu.check("memberlst")) AppendListFile(*frmMain.lstSend, MemberListPath());
-  if (frmMenu.check("uploadlst")) AppendListFile(*frmMain.lstSend, UploadListPath());
+  if (frmMenu.check(Option::kMemberLst)) AppendListFile(*frmMain.lstSend, MemberListPath());
+  if (frmMenu.check(Option::kUploadLst)) AppendListFile(*frmMain.lstSend, UploadListPath());
 
-  if (frmMenu.check("deadchecknames")) {
+  if (frmMenu.check(Option::kDeadCheckNames)) {
     ListBoxAddresses sendList(*frmMain.lstSend);
     drivers.checkFullBoxes(sendList);
     Pause(0.7);
@@ -112,14 +112,14 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
 
   std::string recipients;
   for (std::int16_t i = 0; i < frmMain.lstSend->ListCount(); ++i) {
-    if (frmMenu.check("bbcemail")) {
+    if (frmMenu.check(Option::kBbcEmail)) {
       recipients += "(" + frmMain.lstSend->List(i) + "), ";
     } else {
       recipients += frmMain.lstSend->List(i) + ", ";
     }
   }
 
-  if (frmMenu.check("autohead")) SendNotice(frmMain, frmMenu, recipients, " start: ");
+  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, recipients, " start: ");
 
   const std::int16_t count = frmMain.lstPathSelect->ListCount();
   for (std::int16_t index = 0; index < count; ++index) {
@@ -135,7 +135,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
 
     const std::string path = frmMain.lstPathSelect->List(index);
     Id3Tag tag = ReadId3Tag(path);
-    if (frmMenu.check("renamecomment")) {
+    if (frmMenu.check(Option::kRenameComment)) {
       WriteId3Tag(path, tag.title, tag.artist, tag.album, tag.year,
                   frmMenu.lblRename->Caption(), tag.genre);
     }
@@ -167,7 +167,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
     });
 
     std::string subjectText = frmMain.lstSubj->List(index);
-    if (frmMenu.check("makesublcase")) subjectText = LowerCase(subjectText);
+    if (frmMenu.check(Option::kMakeSubLCase)) subjectText = LowerCase(subjectText);
 
     frmMain.lblTagTotalMb->SetCaption(
         PlainNumberText(LeadingNumber(frmMain.lblTagTotalMb->Caption()) + roundedMb));
@@ -182,15 +182,15 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
     // Generation 2 has no driver; its files count all the same.
     if (drivers.clientVersion() == 3) {
       drivers.sendFileMail95(recipients, subjectText, bodyText,
-                             frmMain.lstPathSelect->List(index), frmMenu.check("sendlater"));
+                             frmMain.lstPathSelect->List(index), frmMenu.check(Option::kSendLater));
     }
     if (drivers.clientVersion() == 5) {
       drivers.sendFileMail50(recipients, subjectText, bodyText,
-                             frmMain.lstPathSelect->List(index), frmMenu.check("sendlater"));
+                             frmMain.lstPathSelect->List(index), frmMenu.check(Option::kSendLater));
     }
     if (drivers.clientVersion() == 4) {
       drivers.sendFileMail40(recipients, subjectText, bodyText,
-                             frmMain.lstPathSelect->List(index), frmMenu.check("sendlater"));
+                             frmMain.lstPathSelect->List(index), frmMenu.check(Option::kSendLater));
     }
 
     frmMain.lblUps->SetCaption(PlainNumberText(LeadingNumber(frmMain.lblUps->Caption()) + 1));
@@ -201,10 +201,10 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   Pause(0.01);
 
   // The selection is still there: the end notice covers every chosen file, sent or skipped.
-  if (frmMenu.check("autofoot")) SendNotice(frmMain, frmMenu, recipients, " end: ");
+  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, recipients, " end: ");
   Pause(0.1);
 
-  if (frmMenu.check("sendlater")) {
+  if (frmMenu.check(Option::kSendLater)) {
     if (drivers.clientVersion() == 3) drivers.runMainMenu(aol::kMenuOutgoingMail);
     if (drivers.clientVersion() == 5) {
       Pause(0.5);

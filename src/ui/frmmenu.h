@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "ui/controls.h"
+#include "ui/settings_store.h"
 
 class QAction;
 
@@ -32,6 +33,8 @@ class MenuWindow : public QWidget {
 
   bool check(std::string_view name) const;
   void setCheck(std::string_view name, bool checked);
+  bool check(Option item) const { return check(OptionItemName(item)); }
+  void setCheck(Option item, bool checked) { setCheck(OptionItemName(item), checked); }
 
  protected:
   QMenu* AddMenu(QWidget* owner, const char* name, const char* title);
@@ -145,11 +148,6 @@ class FrmMenu : public MenuWindow {
   // The address behind a web item (weblink1, weblink2, fav1 .. fav4); empty for other names.
   static std::string WebAddress(std::string_view name);
 };
-
-// The nine option items, in the order in which they are restored and saved.
-inline constexpr std::array<const char*, 9> kOptionItems = {
-    "makesublcase", "bbcemail",      "sendlater", "deadchecknames", "memberlst",
-    "uploadlst",    "renamecomment", "autohead",  "autofoot"};
 
 class FrmMenu2 : public MenuWindow {
   Q_OBJECT

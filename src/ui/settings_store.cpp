@@ -97,6 +97,21 @@ const std::vector<SettingEntry>& SettingsTable() {
   return table;
 }
 
+const SettingEntry& SettingOf(Setting setting) {
+  static_assert(kSettingCount == static_cast<std::size_t>(Setting::kSubject) + 1);
+  return SettingsTable().at(static_cast<std::size_t>(setting));
+}
+
+std::string ReadSetting(Setting setting, const std::string& screenName) {
+  const SettingEntry& e = SettingOf(setting);
+  return GetSetting(kAppName, e.section, e.key, SettingDefault(e, screenName));
+}
+
+void WriteSetting(Setting setting, const std::string& value) {
+  const SettingEntry& e = SettingOf(setting);
+  SaveSetting(kAppName, e.section, e.key, value);
+}
+
 const SettingEntry& SettingOf(const std::string& section, const std::string& key) {
   for (const auto& entry : SettingsTable()) {
     if (section == entry.section && key == entry.key) return entry;

@@ -1,6 +1,8 @@
 #pragma once
 // The per-user settings store: text values by application, section and key, held by QSettings
 // as an INI file in the user's configuration folder (<config>/<application>/<application>.ini).
+#include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -42,15 +44,46 @@ struct SettingEntry {
   bool isFlag;  // a check mark: "1" or "0" when written
 };
 
-// Every key of the store, in the order of the settings table.
+// Every key of the store, in the order of the settings table: the check marks of the nine option
+// items first, in the order of the items.
+enum class Setting {
+  kMakeSubLCase, kBbcEmail, kSendLater, kDeadCheckNames, kMemberLst, kUploadLst,
+  kRenameComment, kAutoHead, kAutoFoot,
+  kHandle, kRename, kMbs, kUps, kAscii1, kAscii2, kSubject,
+};
+inline constexpr std::size_t kSettingCount = 16;
+
+// frmMenu's nine option items, in the order in which they are restored and saved.
+enum class Option {
+  kMakeSubLCase, kBbcEmail, kSendLater, kDeadCheckNames, kMemberLst, kUploadLst,
+  kRenameComment, kAutoHead, kAutoFoot,
+};
+inline constexpr std::array<Option, 9> kOptions = {
+    Option::kMakeSubLCase, Option::kBbcEmail,      Option::kSendLater,
+    Option::kDeadCheckNames, Option::kMemberLst,   Option::kUploadLst,
+    Option::kRenameComment, Option::kAutoHead,     Option::kAutoFoot};
+// The items' names on frmMenu, by Option.
+inline constexpr std::array<const char*, 9> kOptionItems = {
+    "makesublcase", "bbcemail",      "sendlater", "deadchecknames", "memberlst",
+    "uploadlst",    "renamecomment", "autohead",  "autofoot"};
+inline constexpr const char* OptionItemName(Option o) {
+  return kOptionItems[static_cast<std::size_t>(o)];
+}
+// The setting that keeps an option item's check mark.
+inline constexpr Setting FlagSetting(Option o) { return static_cast<Setting>(static_cast<int>(o)); }
+
+// Every entry of the store, in the order of Setting.
 const std::vector<SettingEntry>& SettingsTable();
-// The entry of a key; throws std::out_of_range for a key not in the table.
+const SettingEntry& SettingOf(Setting setting);
+// The entry of a stored name; throws std::out_of_range for a name not in the table.
 const SettingEntry& SettingOf(const std::string& section, const std::string& key);
 // The default of an entry; screenName is used only by the defaults that depend on it.
 std::string SettingDefault(const SettingEntry& entry, const std::string& screenName = "");
 // Reads a key of the table with its default from the table.
 std::string GetTableSetting(const std::string& section, const std::string& key,
                             const std::string& screenName = "");
+std::string ReadSetting(Setting setting, const std::string& screenName = "");
+void WriteSetting(Setting setting, const std::string& value);
 // A stored flag is on for any value whose leading number is not 0 ("2" is on, "x" is off).
 bool FlagIsOn(const std::string& storedValue);
 inline const char* FlagText(bool on) { return on ? "1" : "0"; }
