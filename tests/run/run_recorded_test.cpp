@@ -233,7 +233,7 @@ TEST_F(RecordedRun, NoticesAndOutgoingMailPerGeneration) {
     Check({"autohead", "autofoot", "sendlater"});
     const std::string log = CompileRunLog(frm);
     Run();
-    EXPECT_EQ(Kinds(), c.kinds);
+    ASSERT_EQ(Kinds(), c.kinds);
     EXPECT_EQ(frm.Label1->text().toStdString(), "2 ups : 2 mb");
     if (c.kinds.size() == 5) {
       EXPECT_EQ(calls[0].subject, kDecor + " start: brindle 2mb " + kDecorRight);
@@ -270,7 +270,7 @@ TEST_F(RecordedRun, StopSkipsTheRestButTheEndNoticeCoversAll) {
     };
     const std::string log = CompileRunLog(frm);
     Run();
-    EXPECT_EQ(Kinds(), c.kinds);
+    ASSERT_EQ(Kinds(), c.kinds);
     EXPECT_NE(calls[c.stopAt].subject.find(" end: brindle 3mb "), std::string::npos);
     EXPECT_EQ(calls[c.stopAt].body, log);
     // The stopped file still counted in full.
@@ -374,7 +374,7 @@ TEST_F(NestedRun, InnerRunResetsTheFlagAndTheOuterOneEndsOnEmptyLists) {
   Run();
   // The inner run sends the file again and its end notice; the outer run then ends on the
   // emptied selection.
-  EXPECT_EQ(Kinds(), (std::vector<std::string>{"file50", "file50", "notice50", "notice50"}));
+  ASSERT_EQ(Kinds(), (std::vector<std::string>{"file50", "file50", "notice50", "notice50"}));
   EXPECT_NE(calls[2].subject.find(" end: brindle 1.5mb "), std::string::npos);
   EXPECT_NE(calls[3].subject.find(" end: brindle 0mb "), std::string::npos);
   EXPECT_NE(calls[3].body.find("    number of mp3s: 0\r\n"), std::string::npos);
