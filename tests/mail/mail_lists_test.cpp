@@ -1,209 +1,258 @@
 // The mail-list editor: address entry in both boxes, the clean-up of line breaks, the popup
-// commands, and the list files written only on save & exit.
+// commands, the full-box command against the simulated client, and the list files written only
+// on save & exit.
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QTest>
 
-#include "ui/window_routines.h"
 #include "base/failure.h"
-#include "mail_editors_fixture.h"
+#include "base/pump.h"
+#include "mail/mail_editors.h"
+#include "support/sandbox.h"
+#include "ui/frmmenu.h"
+#include "ui/settings_store.h"
+#include "ui/window_routines.h"
 
 namespace qc::test {
 namespace {
 
 using Items = std::vector<std::string>;
 
-class MailListTest : public EditorTest {
+class MailListTest : public SandboxTest {
  protected:
-  std::unique_ptr<FrmEmailto> Open() { return std::make_unique<FrmEmailto>(); }
   static void Enter(EntryBox* box, const std::string& text) {
     box->setText(QString::fromStdString(text));
     box->PressKey(13);
   }
-};
-
-struct EntryRow {
-  const char* entry;
-  Items member;          // the list afterwards, from a list holding "old"
-  int memberCurrent;     // -1: not checked
-  bool memberFails;
-  Items upload;
-  int uploadCurrent;
+  static void Close(SecondaryWindow* w) {
+    w->saveAndExit();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  const std::string member = app + "/lstMember.sys";
+  const std::string upload = app + "/lstUpload.sys";
 };
 
 TEST_F(MailListTest, EntryTableForBothBoxes) {
-  const EntryRow rows[] = {
-      {"Some Name", {"old", "somename"}, 1, false, {"old", "somename"}, 1},
-      {"old", {"old"}, 0, false, {"old"}, 0},
-      {"a b,c d", {"old", "ab", "cd"}, -1, false, {"old", "ab", "cd"}, -1},
-      {"(ab)(cd)", {"old", "ab", "cd"}, -1, false, {"old", "ab", "cd"}, -1},
-      {"(ab)", {"old", "ab"}, 1, false, {"old", "ab"}, 1},
-      {"ab,cd,", {"old", "ab", "cd"}, -1, false, {"old", "ab"}, -1},
-      {"ab,c,", {"old", "ab"}, -1, false, {"old", "ab"}, -1},
-      {"ab,,cd", {"old", "abcd"}, -1, false, {"old", "abcd"}, -1},
-      {"ab,", {"old", "ab"}, -1, false, {"old"}, -1},
-      {"ab,old,cd", {"old", "ab", "cd"}, -1, false, {"old", "ab", "cd"}, -1},
-      {"a,", {}, -1, true, {"old"}, -1},
-      {",", {}, -1, true, {"old"}, -1},
-      {"   ", {"old"}, -1, false, {"old"}, -1},
+  struct Row {
+    const char* entry;
+    Items member;       // the list afterwards, from a list holding "old"; empty: it fails
+    int current;        // the list's cursor afterwards; -1: not checked
+    Items upload;
+  } rows[] = {
+      {"Some Name", {"old", "somename"}, 1, {"old", "somename"}},
+      {"old", {"old"}, 0, {"old"}},
+      {"a b,c d", {"old", "ab", "cd"}, -1, {"old", "ab", "cd"}},
+      {"(ab)(cd)", {"old", "ab", "cd"}, -1, {"old", "ab", "cd"}},
+      {"(ab)", {"old", "ab"}, 1, {"old", "ab"}},
+      {"ab,cd,", {"old", "ab", "cd"}, -1, {"old", "ab"}},
+      {"ab,c,", {"old", "ab"}, -1, {"old", "ab"}},
+      {"ab,,cd", {"old", "abcd"}, -1, {"old", "abcd"}},
+      {"ab,", {"old", "ab"}, -1, {"old"}},
+      {"ab,old,cd", {"old", "ab", "cd"}, -1, {"old", "ab", "cd"}},
+      {"a,", {}, -1, {"old"}},
+      {",", {}, -1, {"old"}},
+      {"   ", {"old"}, -1, {"old"}},
   };
-  for (const EntryRow& row : rows) {
+  for (const Row& row : rows) {
     SCOPED_TRACE(row.entry);
-    auto w = Open();
-    w->lstMember->AddItem("old");
-    w->lstUpload->AddItem("old");
-    if (row.memberFails) {
-      try {
-        Enter(w->txtMember, row.entry);
-        ADD_FAILURE() << "no failure";
-      } catch (const RuntimeFailure& f) {
-        EXPECT_EQ(f.number(), kInvalidArgument);
-      }
-    } else {
-      Enter(w->txtMember, row.entry);
-      EXPECT_EQ(w->lstMember->Items(), row.member);
-      if (row.memberCurrent >= 0) {
-        EXPECT_EQ(w->lstMember->ListIndex(), row.memberCurrent);
-      }
+    FrmEmailto w;
+    w.lstMember->AddItem("old");
+    w.lstUpload->AddItem("old");
+    const int failure = FailureNumberOf([&] { Enter(w.txtMember, row.entry); });
+    EXPECT_EQ(failure, row.member.empty() ? kInvalidArgument : 0);
+    if (!failure) {
+      EXPECT_EQ(w.lstMember->Items(), row.member);
     }
-    EXPECT_EQ(w->txtMember->text(), QString());
-    Enter(w->txtUpload, row.entry);
-    EXPECT_EQ(w->lstUpload->Items(), row.upload);
-    if (row.uploadCurrent >= 0) {
-      EXPECT_EQ(w->lstUpload->ListIndex(), row.uploadCurrent);
+    if (row.current >= 0) {
+      EXPECT_EQ(w.lstMember->ListIndex(), row.current);
     }
-    EXPECT_EQ(w->txtUpload->text(), QString());
+    Enter(w.txtUpload, row.entry);
+    EXPECT_EQ(w.lstUpload->Items(), row.upload);
+    if (row.current >= 0) {
+      EXPECT_EQ(w.lstUpload->ListIndex(), row.current);
+    }
+    EXPECT_EQ(w.txtMember->text() + w.txtUpload->text(), QString());
   }
 }
 
-TEST_F(MailListTest, DuplicatesCompareExactly) {
-  WriteBytes(app + "/lstMember.sys", "Bob\r\n");
-  auto w = Open();
-  Enter(w->txtMember, "bob");
-  EXPECT_EQ(w->lstMember->Items(), (Items{"Bob", "bob"}));
-  EXPECT_EQ(w->lstMember->ListIndex(), 1);
-  Enter(w->txtMember, "BOB");
-  EXPECT_EQ(w->lstMember->Items(), (Items{"Bob", "bob"}));
-}
-
-TEST_F(MailListTest, OnlyEnterStartsTheEntry) {
-  auto w = Open();
-  w->txtMember->setText("abc");
-  w->txtMember->PressKey('x');
-  EXPECT_EQ(w->lstMember->ListCount(), 0);
-  EXPECT_EQ(w->txtMember->text(), QString("abcx"));
+TEST_F(MailListTest, DuplicatesCompareExactlyAndOnlyEnterStartsTheEntry) {
+  WriteBytes(member, "Bob\r\n");
+  FrmEmailto w;
+  Enter(w.txtMember, "bob");
+  EXPECT_EQ(w.lstMember->Items(), (Items{"Bob", "bob"}));
+  EXPECT_EQ(w.lstMember->ListIndex(), 1);
+  Enter(w.txtMember, "BOB");
+  EXPECT_EQ(w.lstMember->Items(), (Items{"Bob", "bob"}));
+  w.txtMember->setText("abc");
+  w.txtMember->PressKey('x');
+  EXPECT_EQ(w.txtMember->text(), QString("abcx"));
   // A real key press reaches the handler the same way.
-  w->txtMember->setText("tom");
-  QTest::keyClick(w->txtMember, Qt::Key_Return);
-  EXPECT_EQ(w->lstMember->Items(), (Items{"tom"}));
-  EXPECT_EQ(w->txtMember->text(), QString());
+  w.txtMember->setText("tom");
+  QTest::keyClick(w.txtMember, Qt::Key_Return);
+  EXPECT_EQ(w.lstMember->Items(), (Items{"Bob", "bob", "tom"}));
 }
 
 TEST_F(MailListTest, PastedLineBreaksPerBox) {
-  auto w = Open();
+  FrmEmailto w;
   // Member: a carriage return starts the clean-up of both; a lone line feed stays.
-  w->txtMember->InsertRaw("ab\r\ncd");
-  EXPECT_EQ(w->txtMember->text(), QString("abcd"));
-  w->txtMember->setText(QString());
-  w->txtMember->InsertRaw("ab\ncd");
-  EXPECT_EQ(w->txtMember->text(), QString("ab\ncd"));
-  w->txtMember->PressKey(13);
-  EXPECT_EQ(w->lstMember->Items(), (Items{"ab\ncd"}));
+  w.txtMember->InsertRaw("ab\r\ncd");
+  EXPECT_EQ(w.txtMember->text(), QString("abcd"));
+  w.txtMember->setText(QString());
+  w.txtMember->InsertRaw("ab\ncd");
+  EXPECT_EQ(w.txtMember->text(), QString("ab\ncd"));
+  w.txtMember->PressKey(13);
+  EXPECT_EQ(w.lstMember->Items(), (Items{"ab\ncd"}));
   // Upload: either one starts it.
-  w->txtUpload->InsertRaw("ab\ncd");
-  EXPECT_EQ(w->txtUpload->text(), QString("abcd"));
-  w->txtUpload->setText(QString());
-  w->txtUpload->InsertRaw("ab\rcd");
-  EXPECT_EQ(w->txtUpload->text(), QString("abcd"));
+  w.txtUpload->InsertRaw("ab\ncd");
+  EXPECT_EQ(w.txtUpload->text(), QString("abcd"));
+  w.txtUpload->setText(QString());
+  w.txtUpload->InsertRaw("ab\rcd");
+  EXPECT_EQ(w.txtUpload->text(), QString("abcd"));
 }
 
 TEST_F(MailListTest, OptionButtonsMoveTheFrames) {
-  auto w = Open();
-  EXPECT_TRUE(w->optMember->isChecked());
-  EXPECT_EQ(TwipsTop(w->frmMember), 675);
-  EXPECT_NEAR(TwipsTop(w->frmUpload), 2750, 15);
-  EXPECT_EQ(&w->ActiveList(), w->lstMember);
-  w->optUpload->click();
-  EXPECT_EQ(TwipsTop(w->frmUpload), 675);
-  EXPECT_NEAR(TwipsTop(w->frmMember), 2750, 15);
-  EXPECT_EQ(&w->ActiveList(), w->lstUpload);
-  w->optMember->click();
-  EXPECT_EQ(TwipsTop(w->frmMember), 675);
-  EXPECT_NEAR(TwipsTop(w->frmUpload), 2750, 15);
-  EXPECT_EQ(&w->ActiveList(), w->lstMember);
+  FrmEmailto w;
+  EXPECT_TRUE(w.optMember->isChecked());
+  for (bool toMember : {false, true}) {
+    (toMember ? w.optMember : w.optUpload)->click();
+    EXPECT_EQ(TwipsTop(toMember ? w.frmMember : w.frmUpload), 675);
+    EXPECT_NEAR(TwipsTop(toMember ? w.frmUpload : w.frmMember), 2750, 15);
+    EXPECT_EQ(&w.ActiveList(), toMember ? w.lstMember : w.lstUpload);
+  }
   // Exactly one list shows: the back frame lies below the window's face, the front one inside.
-  const QRect face = w->pnlFrame()->rect();
-  EXPECT_TRUE(face.contains(w->frmMember->geometry()));
-  EXPECT_FALSE(face.intersects(w->frmUpload->geometry()));
-  for (QWidget* c : {static_cast<QWidget*>(w->optMember), static_cast<QWidget*>(w->optUpload),
-                     static_cast<QWidget*>(w->cmdMenu), static_cast<QWidget*>(w->cmdExit),
-                     static_cast<QWidget*>(w->panelSep), static_cast<QWidget*>(w->pnlTitle())}) {
+  const QRect face = w.pnlFrame()->rect();
+  EXPECT_TRUE(face.contains(w.frmMember->geometry()));
+  EXPECT_FALSE(face.intersects(w.frmUpload->geometry()));
+  for (QWidget* c : {static_cast<QWidget*>(w.optMember), static_cast<QWidget*>(w.optUpload),
+                     static_cast<QWidget*>(w.cmdMenu), static_cast<QWidget*>(w.cmdExit),
+                     static_cast<QWidget*>(w.panelSep), static_cast<QWidget*>(w.pnlTitle())}) {
     EXPECT_TRUE(face.contains(c->geometry())) << c->objectName().toStdString();
   }
-  EXPECT_EQ(w->cmdExit->text(), QString("save && e&xit"));
-  EXPECT_EQ(w->cmdMenu->text(), QString("&options"));
-  // The window takes the face's size: 2430 by 2505 twips.
-  EXPECT_EQ(TwipsWidth(w.get()), 2430);
-  EXPECT_EQ(TwipsHeight(w.get()), 2505);
+  EXPECT_EQ(w.cmdExit->text(), QString("save && e&xit"));
+  EXPECT_EQ(TwipsWidth(&w), 2430);
+  EXPECT_EQ(TwipsHeight(&w), 2505);
 }
 
 TEST_F(MailListTest, PopupCommandsOnTheActiveList) {
-  auto w = Open();
-  for (const char* a : {"a", "b", "c", "d", "e"}) w->lstUpload->AddItem(a);
-  w->lstMember->AddItem("m");
-  w->optUpload->click();
+  FrmEmailto w;
+  for (const char* a : {"a", "b", "c", "d", "e"}) w.lstUpload->AddItem(a);
+  w.lstMember->AddItem("m");
+  w.optUpload->click();
   QClipboard* clip = QGuiApplication::clipboard();
-
-  w->CopyList();
+  w.CopyList();
   EXPECT_EQ(clip->text(), QString("a, b, c, d, e, "));
-  w->lstUpload->SetSelected(1, true);
-  w->lstUpload->SetSelected(2, true);
-  w->lstUpload->SetSelected(4, true);
-  w->CopySelected();
+  for (int i : {1, 2, 4}) w.lstUpload->SetSelected(i, true);
+  w.CopySelected();
   EXPECT_EQ(clip->text(), QString("b, c, e, "));
   // Neighbours both go: the walk steps back after each removal.
-  w->RemoveSelected();
-  EXPECT_EQ(w->lstUpload->Items(), (Items{"a", "d"}));
-  w->SelectAll();
-  EXPECT_EQ(w->lstUpload->SelCount(), 2);
-  w->RemoveSelected();
-  EXPECT_EQ(w->lstUpload->ListCount(), 0);
-  w->CopyList();
+  w.RemoveSelected();
+  EXPECT_EQ(w.lstUpload->Items(), (Items{"a", "d"}));
+  w.SelectAll();
+  EXPECT_EQ(w.lstUpload->SelCount(), 2);
+  w.RemoveSelected();
+  w.CopyList();
   EXPECT_EQ(clip->text(), QString());
-
-  w->optMember->click();
-  w->RemoveAll();
-  EXPECT_EQ(w->lstMember->ListCount(), 0);
+  w.optMember->click();
+  w.RemoveAll();
+  EXPECT_EQ(w.lstMember->ListCount(), 0);
   EXPECT_TRUE(prompts.boxes.empty());  // no question asked
 }
 
 TEST_F(MailListTest, FilesReadAtLoadAndWrittenOnlyOnSaveAndExit) {
-  const std::string member = app + "/lstMember.sys";
-  const std::string upload = app + "/lstUpload.sys";
   WriteBytes(member, "one\r\ntwo,three\r\n\"four\"\r\n");
-  auto w = Open();
+  auto* w = new FrmEmailto();
   EXPECT_EQ(w->lstMember->Items(), (Items{"one", "two", "three", "four"}));
   EXPECT_EQ(w->lstUpload->ListCount(), 0);  // missing file: empty list
   Enter(w->txtMember, "five");
   Enter(w->txtUpload, "up1,up2");
   EXPECT_EQ(ReadBytes(member), "one\r\ntwo,three\r\n\"four\"\r\n");
-  EXPECT_FALSE(Exists(upload));
-
-  QPointer<FrmEmailto> alive(w.get());
+  EXPECT_FALSE(std::filesystem::exists(upload));
+  QPointer<FrmEmailto> alive(w);
   w->cmdExit->click();
-  EXPECT_EQ(ReadBytes(member), "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\n");
-  EXPECT_EQ(ReadBytes(upload), "up1\r\nup2\r\n");
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(alive.isNull());  // unloaded
-  w.release();
-
+  EXPECT_EQ(ReadBytes(member), "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\n");
+  EXPECT_EQ(ReadBytes(upload), "up1\r\nup2\r\n");
   // The next opening reads the files again; an emptied list saves an empty file.
-  auto again = Open();
-  EXPECT_EQ(again->lstUpload->Items(), (Items{"up1", "up2"}));
-  again->optUpload->click();
-  again->RemoveAll();
-  again->SaveLists();
+  FrmEmailto again;
+  EXPECT_EQ(again.lstUpload->Items(), (Items{"up1", "up2"}));
+  again.optUpload->click();
+  again.RemoveAll();
+  again.SaveLists();
   EXPECT_EQ(ReadBytes(upload), "");
+}
+
+// ---------------------------------------------------------------- the full-box command
+
+const std::string kReportHead = "email addresses that were full or invalid are:\r\r";
+
+TEST_F(MailListTest, FullBoxCommandRemovesTheReportedAddressesFromTheActiveListOnly) {
+  StartClient(5);
+  mail->MarkFull("bob");
+  mail->MarkUnknown("cy");
+  WriteBytes(upload, "ann\r\nbob\r\ncy\r\ndee\r\n");
+  WriteBytes(member, "bob\r\n");
+  FrmMenu menu;
+  ConnectMailEditors(menu);
+  menu.editmailform->trigger();
+  FrmEmailto* w = MailListEditor();
+  ASSERT_NE(w, nullptr);
+  w->optUpload->click();
+  {
+    PumpBudget budget(40000);
+    menu.chkRmvAll->trigger();
+  }
+  EXPECT_EQ(w->lstUpload->Items(), (Items{"ann", "dee"}));
+  EXPECT_EQ(w->lstMember->Items(), (Items{"bob"}));
+  ExpectBox(prompts, 0, kReportHead + " - bob\r - cy\r\rthey have been removed!", 4160, kAppName);
+  // Not saved: the file still holds every address until save & exit.
+  EXPECT_EQ(ReadBytes(upload), "ann\r\nbob\r\ncy\r\ndee\r\n");
+  Close(w);
+  EXPECT_EQ(ReadBytes(upload), "ann\r\ndee\r\n");
+}
+
+TEST_F(MailListTest, FullBoxCommandOnAListSwitchedDuringTheWait) {
+  StartClient(5);
+  mail->MarkFull("bob");
+  FrmEmailto w;
+  for (const char* a : {"bob", "ann"}) w.lstMember->AddItem(a);
+  for (const char* a : {"cy", "bob"}) w.lstUpload->AddItem(a);
+  // The probe goes to the member list; the user brings the upload list to the front meanwhile,
+  // and the removal happens in the list in front at that moment.
+  int passes = 0;
+  const PumpHookId hook = AddPumpHook([&] {
+    if (++passes == 50) w.optUpload->click();
+  });
+  {
+    PumpBudget budget(40000);
+    w.CheckAndRemoveFullBoxes();
+  }
+  RemovePumpHook(hook);
+  ASSERT_GT(passes, 50);
+  EXPECT_EQ(w.lstMember->Items(), (Items{"bob", "ann"}));
+  EXPECT_EQ(w.lstUpload->Items(), (Items{"cy"}));
+  ASSERT_EQ(prompts.boxes.size(), 1u);
+  EXPECT_EQ(prompts.boxes[0].text, kReportHead + " - bob\r\rthey have been removed!");
+}
+
+TEST_F(MailListTest, FullBoxCommandWithNothingFullOrOnGenerationTwo) {
+  for (int generation : {5, 2}) {
+    prompts.boxes.clear();
+    StartClient(generation);
+    FrmEmailto w;
+    w.lstMember->AddItem("ann");
+    {
+      PumpBudget budget(40000);
+      w.CheckAndRemoveFullBoxes();
+    }
+    EXPECT_EQ(w.lstMember->Items(), (Items{"ann"}));
+    if (generation == 5) {
+      ExpectBox(prompts, 0, "there are no full boxes", 4160, kAppName);
+    } else {
+      EXPECT_TRUE(prompts.boxes.empty());  // the check ends with no message
+    }
+  }
 }
 
 }  // namespace

@@ -1,19 +1,20 @@
-// The subject and body editors, the decoration editor, and the menu items that open them and
-// insert keys.
+// The subject and body editors, the decoration editor, the menu items that open them and insert
+// keys, and what they save reaching a tagging run.
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
-#include <QTimer>
 #include <QTextCursor>
+#include <QTimer>
 
+#include "mail/mail_editors.h"
+#include "run/run_drivers.h"
+#include "run/run_rig.h"
+#include "run/tagging_run.h"
 #include "ui/frmmenu.h"
-#include "mail_editors_fixture.h"
 
 namespace qc::test {
 namespace {
 
-const std::string kDefaultSubject =
-    "\u00B7\u2022 \u00F3mbreval\u00E8 \u2022\u00B7[idArtist$]-idTitle$";
 const std::string kDefaultBody =
     "paste your group tag here!\r\n\r\n"
     "title:\t\t\tidTitle$\r\nartist:\t\t\tidArtist$\r\nalbum:\t\t\tidAlbum$\r\n"
@@ -21,50 +22,45 @@ const std::string kDefaultBody =
     "uploaded by:\t\tmyHandle$\r\nfile size:\t\t\tfileSize$\r\nfile name:\t\tfileName$\r\n"
     "comment:\t\tidComment$";
 
-class TemplateTest : public EditorTest {
+void Close(SecondaryWindow* w) {
+  w->saveAndExit();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+class TemplateTest : public SandboxTest {
  protected:
-  std::string bodyFile = app + "txtBody.sys";  // beside the folder, not in it
-  static void Close(SecondaryWindow* w) {
-    w->saveAndExit();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
+  const std::string bodyFile = app + "txtBody.sys";  // beside the folder, not in it
 };
 
 TEST_F(TemplateTest, SubjectFromTheStoreWithItsLetterCount) {
   auto* w = new FrmSubject();
   EXPECT_EQ(w->windowTitle(), QString("edit subject line"));
-  EXPECT_EQ(w->txtSubj->text().toStdString(), kDefaultSubject);
+  EXPECT_EQ(w->txtSubj->text().toStdString(),
+            "\u00B7\u2022 \u00F3mbreval\u00E8 \u2022\u00B7[idArtist$]-idTitle$");
   EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 35"));
   w->txtSubj->setText("ab");
   EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 2"));
   // Nothing is stored before save & exit.
   EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "missing");
   w->txtSubj->setText(QString());
-  EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 0"));
   w->cmdExit->click();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   // The empty template is stored, and the default no longer applies.
   EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "");
   FrmSubject again;
   EXPECT_EQ(again.txtSubj->text(), QString());
-  again.txtSubj->setText("[grp - idArtist$]");
-  again.saveAndExit();
-  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", ""), "[grp - idArtist$]");
 }
 
 TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
-  ASSERT_FALSE(Exists(bodyFile));
   auto* w = new FrmBody();
   EXPECT_EQ(w->windowTitle(), QString("edit body"));
   // Opening alone creates the file.
   EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");
-  EXPECT_FALSE(Exists(app + "/txtBody.sys"));
-
+  EXPECT_FALSE(std::filesystem::exists(app + "/txtBody.sys"));
   // Emptied and saved: two bytes.
   w->txtBody->clear();
   Close(w);
   EXPECT_EQ(ReadBytes(bodyFile), "\r\n");
-
   // The next opening finds no text and writes the default over it.
   w = new FrmBody();
   EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");
@@ -73,10 +69,8 @@ TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
   w->cmdExit->click();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(ReadBytes(bodyFile), "line one\r\nline two\r\n");
-
   FrmBody kept;
   EXPECT_EQ(kept.txtBody->toPlainText(), QString("line one\nline two"));
-  EXPECT_EQ(ReadBytes(bodyFile), "line one\r\nline two\r\n");
 }
 
 TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
@@ -93,7 +87,6 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
   subject->txtSubj->setCursorPosition(1);
   menu.insrtFile->trigger();
   EXPECT_EQ(subject->txtSubj->text(), QString("[fileName$a - idTitle$]"));
-
   const std::pair<QAction*, const char*> subjectItems[] = {
       {menu.insrtsize, "fileSize$"}, {menu.insrtartist, "idArtist$"},
       {menu.insrtalbum, "idAlbum$"}, {menu.insrtgenre, "idGenre$"}};
@@ -102,16 +95,15 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
     action->trigger();
     EXPECT_EQ(subject->txtSubj->text(), QString(key));
   }
-
   menu.editBody->trigger();
   FrmBody* body = BodyEditor();
   ASSERT_NE(body, nullptr);
   const std::pair<QAction*, const char*> bodyItems[] = {
-      {menu.inserttitle, "idTitle$"},     {menu.insertartist, "idArtist$"},
-      {menu.insertalbum, "idAlbum$"},     {menu.insertyear, "idYear$"},
-      {menu.insertgenre, "idGenre$"},     {menu.insertcomment, "idComment$"},
-      {menu.insertdate, "sysDate$"},      {menu.inserthandle, "myHandle$"},
-      {menu.insertfsize, "fileSize$"},    {menu.insertfname, "fileName$"}};
+      {menu.inserttitle, "idTitle$"},   {menu.insertartist, "idArtist$"},
+      {menu.insertalbum, "idAlbum$"},   {menu.insertyear, "idYear$"},
+      {menu.insertgenre, "idGenre$"},   {menu.insertcomment, "idComment$"},
+      {menu.insertdate, "sysDate$"},    {menu.inserthandle, "myHandle$"},
+      {menu.insertfsize, "fileSize$"},  {menu.insertfname, "fileName$"}};
   for (const auto& [action, key] : bodyItems) {
     body->txtBody->setPlainText("x[sel]y");
     QTextCursor c = body->txtBody->textCursor();
@@ -127,7 +119,7 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
   EXPECT_EQ(BodyEditor(), nullptr);
 }
 
-TEST_F(TemplateTest, MenuItemsOpenEachEditorOnce) {
+TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
   FrmMenu menu;
   ConnectMailEditors(menu);
   menu.editmailform->trigger();
@@ -143,20 +135,10 @@ TEST_F(TemplateTest, MenuItemsOpenEachEditorOnce) {
   lists->lstMember->AddItem("a");
   menu.rmvAll->trigger();
   EXPECT_EQ(lists->lstMember->ListCount(), 0);
-  Close(lists);
-  Close(HeadEditor());
-  EXPECT_EQ(MailListEditor(), nullptr);
-  EXPECT_EQ(HeadEditor(), nullptr);
-}
-
-TEST_F(TemplateTest, EachOptionsButtonOpensItsPopupUnderItself) {
-  FrmMenu menu;
-  ConnectMailEditors(menu);
-  menu.editmailform->trigger();
   menu.editSubject->trigger();
   menu.editBody->trigger();
   const std::tuple<SecondaryWindow*, Command3D*, QMenu*, const char*> cases[] = {
-      {MailListEditor(), MailListEditor()->cmdMenu, menu.mnuEmailto, "&options"},
+      {lists, lists->cmdMenu, menu.mnuEmailto, "&options"},
       {SubjectEditor(), SubjectEditor()->cmdMenu, menu.subjoptions, "&tags"},
       {BodyEditor(), BodyEditor()->cmdMenu, menu.bodyOpt, "&tags"},
   };
@@ -175,10 +157,11 @@ TEST_F(TemplateTest, EachOptionsButtonOpensItsPopupUnderItself) {
     EXPECT_EQ(shown, tree);
     // At the button's left, 15 twips below its bottom edge, in the window's coordinates.
     EXPECT_EQ(at, window->mapToGlobal(QPoint(button->x(), button->geometry().bottom() + 2)));
+    Close(window);
   }
-  Close(MailListEditor());
-  Close(SubjectEditor());
-  Close(BodyEditor());
+  Close(HeadEditor());
+  EXPECT_EQ(MailListEditor(), nullptr);
+  EXPECT_EQ(HeadEditor(), nullptr);
 }
 
 TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
@@ -188,25 +171,83 @@ TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
     EXPECT_EQ(w.asciiBack->text().toStdString(), "\u00B7\u00B4)\u00B4)\u2022\u00B7");
     EXPECT_EQ(w.SSCommand1->text(), QString("save && exit"));
     w.asciiFront->setText(QString::fromUtf8("\u2022\u00B4\u00B7"));
-    w.asciiBack->setText(QString::fromUtf8("\u00B7\u00B4\u2022"));
+    w.asciiBack->clear();
     EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", "none"), "none");
     w.saveAndExit();
   }
   EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", ""), "\u2022\u00B4\u00B7");
-  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii2", ""), "\u00B7\u00B4\u2022");
-  {
-    FrmHead w;
-    EXPECT_EQ(w.asciiFront->text().toStdString(), "\u2022\u00B4\u00B7");
-    EXPECT_EQ(w.asciiBack->text().toStdString(), "\u00B7\u00B4\u2022");
-    w.asciiFront->clear();
-    w.asciiBack->clear();
-    w.saveAndExit();
-  }
+  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii2", "none"), "");
   FrmHead w;
-  EXPECT_EQ(w.asciiFront->text(), QString());
+  EXPECT_EQ(w.asciiFront->text().toStdString(), "\u2022\u00B4\u00B7");
   EXPECT_EQ(w.asciiBack->text(), QString());
-  EXPECT_EQ(GetTableSetting(kOptionsSection, "ascii1"), "");
-  EXPECT_EQ(GetTableSetting(kOptionsSection, "ascii2"), "");
+}
+
+// ---------------------------------------------------------------- reaching a run
+
+class EditorsAndRun : public RunRig {
+ protected:
+  struct Mail {
+    std::string subject, body;
+  };
+  EditorsAndRun() {
+    RunDrivers d;
+    d.clientScreenName = [] { return std::string("Brindle Rose"); };
+    d.clientVersion = [] { return static_cast<std::int16_t>(5); };
+    d.checkFullBoxes = [](AddressList&) {};
+    d.sendFileMail50 = [this](const std::string&, const std::string& subject,
+                              const std::string& body, const std::string&, bool) {
+      files.push_back({subject, body});
+      if (onFile) onFile();
+    };
+    d.sendNoticeMail50 = [this](const std::string&, const std::string& subject,
+                                const std::string& body) { notices.push_back({subject, body}); };
+    drivers_ = std::make_unique<ScopedRunDrivers>(std::move(d));
+  }
+  void Run() {
+    PumpBudget budget(1000000);
+    TaggingRun(frm, menu);
+  }
+  std::vector<Mail> files, notices;
+  std::function<void()> onFile;
+
+ private:
+  std::unique_ptr<ScopedRunDrivers> drivers_;
+};
+
+TEST_F(EditorsAndRun, EmptiedBodyGivesTheFallbackAndASaveDuringTheRunReachesTheNextMail) {
+  auto* body = new FrmBody();
+  body->txtBody->clear();
+  Close(body);
+  for (const char* name : {"one.mp3", "two.mp3", "three.mp3"}) Choose(name, 10000, name);
+  onFile = [this] {
+    // While the first mail goes out the user saves a new body.
+    if (files.size() != 1) return;
+    auto* w = new FrmBody();
+    w->txtBody->setPlainText("by idArtist$");
+    Close(w);
+  };
+  Run();
+  ASSERT_EQ(files.size(), 3u);
+  EXPECT_EQ(files[0].body.rfind("quill cast : v.qc23e : brindle\r\n\r\ntitle: Song\r\n", 0), 0u);
+  EXPECT_EQ(files[1].body, "by Band\r\n\r\n\r\n" + BodyClosingLine());
+  EXPECT_EQ(files[2].body, files[1].body);
+}
+
+TEST_F(EditorsAndRun, DecorationFromTheEditorFramesTheNextNotice) {
+  Check({"autohead", "autofoot"});
+  for (const char* front : {"\u00B7\u2022", ""}) {
+    auto* head = new FrmHead();
+    head->asciiFront->setText(QString::fromUtf8(front));
+    head->asciiBack->setText(QString::fromUtf8(front[0] ? "\u00B4\u00B7" : ""));
+    Close(head);
+    notices.clear();
+    Choose("one.mp3", 1500000, "one");
+    Run();
+    ASSERT_EQ(notices.size(), 2u);
+    // Emptied in the editor: the notices go out with no decoration at all.
+    EXPECT_EQ(notices[0].subject, front[0] ? "\u00B7\u2022 start: brindle 1.5mb \u00B4\u00B7"
+                                           : " start: brindle 1.5mb ");
+  }
 }
 
 }  // namespace

@@ -1,157 +1,95 @@
 // The menu commands: input boxes, web items, reset, kill items, exit, and the popups.
 #include <QApplication>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTimer>
-#include <gtest/gtest.h>
 
-#include "ui/settings_store.h"
-#include "ui/frmmain.h"
-#include "ui/frmmenu.h"
-#include "client/window_system.h"
 #include "mail/mail_editors.h"
-#include "shell/frm_about.h"
 #include "program/menu_wiring.h"
 #include "program/startup.h"
-#include "sim/sim_client.h"
-#include "sim/sim_desktop.h"
-#include "support/scripted_prompts.h"
+#include "shell/frm_about.h"
+#include "support/sandbox.h"
+#include "ui/frmmain.h"
+#include "ui/frmmenu.h"
+#include "ui/settings_store.h"
 
-namespace qc {
+namespace qc::test {
 namespace {
 
-class MenuWiringTest : public ::testing::Test {
+class MenuWiringTest : public SandboxTest {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(dir_.isValid());
-    SetSettingsFolder(dir_.path().toStdString());
-    SetWindowSystem(&desktop_);
+  MenuWiringTest() {
     // The hook returns: throwing through Qt's signal frames would leave Qt's guards behind.
-    SetExitHook([this] { ++exits_; });
-    SetWebOpener([this](const std::string& a) { opened_.push_back(a); });
+    SetExitHook([this] { ++exits; });
+    SetWebOpener([this](const std::string& a) { opened.push_back(a); });
+    ConnectMenus(frmMain, frmMenu, frmMenu2);
   }
-  void TearDown() override {
+  ~MenuWiringTest() override {
     SetWebOpener({});
     SetExitHook({});
-    SetWindowSystem(nullptr);
-    SetSettingsFolder("");
   }
-  void Wire() { ConnectMenus(frmMain_, frmMenu_, frmMenu2_); }
-
-  QTemporaryDir dir_;
-  sim::SimDesktop desktop_;
-  FrmMain frmMain_;
-  FrmMenu frmMenu_;
-  FrmMenu2 frmMenu2_;
-  int exits_ = 0;
-  std::vector<std::string> opened_;
+  FrmMain frmMain;
+  FrmMenu frmMenu;
+  FrmMenu2 frmMenu2;
+  int exits = 0;
+  std::vector<std::string> opened;
 };
 
-TEST_F(MenuWiringTest, HandleInputBox) {
-  test::ScriptedPrompts prompts;
-  Wire();
-  frmMenu_.lblHandle->setText("old name");
-  prompts.inputAnswers = {std::string("dj quill"), std::nullopt, std::string("")};
-  frmMenu_.userHandle->trigger();
-  ASSERT_EQ(prompts.inputs.size(), 1u);
-  EXPECT_EQ(prompts.inputs[0].prompt, "please enter your handle/name...");
-  EXPECT_EQ(prompts.inputs[0].title, "handle");
-  EXPECT_EQ(prompts.inputs[0].defaultText, "old name");
-  EXPECT_EQ(prompts.inputs[0].x, 15);
-  EXPECT_EQ(prompts.inputs[0].y, 15);
-  EXPECT_EQ(frmMenu_.lblHandle->Caption(), "dj quill");
-  EXPECT_EQ(frmMenu_.userHandle->text().toStdString(), "&handle [dj quill]");
-  // Cancel and an empty answer change nothing.
-  frmMenu_.userHandle->trigger();
-  frmMenu_.userHandle->trigger();
-  EXPECT_EQ(prompts.inputs[2].defaultText, "dj quill");
-  EXPECT_EQ(frmMenu_.lblHandle->Caption(), "dj quill");
-  EXPECT_EQ(frmMenu_.userHandle->text().toStdString(), "&handle [dj quill]");
-}
-
-TEST_F(MenuWiringTest, CommentInputBoxKeepsThirtyCharacters) {
-  test::ScriptedPrompts prompts;
-  Wire();
-  frmMenu_.lblRename->setText("uploaded by me");
-  const struct {
+TEST_F(MenuWiringTest, HandleAndCommentInputBoxes) {
+  struct Case {
+    QAction* item;
+    Label* label;
     std::optional<std::string> answer;
     std::string kept;
   } cases[] = {
-      {std::string("abcdefghijklmnopqrstuvwxyz12345"), "abcdefghijklmnopqrstuvwxyz1234"},
-      {std::nullopt, "abcdefghijklmnopqrstuvwxyz1234"},
-      {std::string(""), "abcdefghijklmnopqrstuvwxyz1234"},
-      {std::string("exactly thirty characters here"), "exactly thirty characters here"},
+      {frmMenu.userHandle, frmMenu.lblHandle, std::string("dj quill"), "dj quill"},
+      // Cancel and an empty answer change nothing.
+      {frmMenu.userHandle, frmMenu.lblHandle, std::nullopt, "dj quill"},
+      {frmMenu.userHandle, frmMenu.lblHandle, std::string(""), "dj quill"},
+      {frmMenu.renametags, frmMenu.lblRename, std::string("abcdefghijklmnopqrstuvwxyz12345"),
+       "abcdefghijklmnopqrstuvwxyz1234"},
+      {frmMenu.renametags, frmMenu.lblRename, std::nullopt, "abcdefghijklmnopqrstuvwxyz1234"},
+      {frmMenu.renametags, frmMenu.lblRename, std::string(""), "abcdefghijklmnopqrstuvwxyz1234"},
+      {frmMenu.renametags, frmMenu.lblRename, std::string("exactly thirty characters here"),
+       "exactly thirty characters here"},
       // Characters, not bytes: 31 letters with accents keep 30 whole letters.
-      {std::string("ééééééééééééééééééééééééééééééé"), "éééééééééééééééééééééééééééééé"},
-      {std::string("short"), "short"},
+      {frmMenu.renametags, frmMenu.lblRename, std::string("ééééééééééééééééééééééééééééééé"),
+       "éééééééééééééééééééééééééééééé"},
   };
-  for (const auto& c : cases) {
+  frmMenu.lblHandle->setText("old name");
+  frmMenu.lblRename->setText("uploaded by me");
+  for (const Case& c : cases) {
     prompts.inputAnswers.push_back(c.answer);
-    frmMenu_.renametags->trigger();
-    EXPECT_EQ(frmMenu_.lblRename->Caption(), c.kept);
+    c.item->trigger();
+    EXPECT_EQ(c.label->Caption(), c.kept);
   }
-  ASSERT_FALSE(prompts.inputs.empty());
-  EXPECT_EQ(prompts.inputs[0].prompt,
+  ASSERT_EQ(prompts.inputs.size(), std::size(cases));
+  const auto& handle = prompts.inputs[0];
+  EXPECT_EQ(handle.prompt, "please enter your handle/name...");
+  EXPECT_EQ(handle.title, "handle");
+  EXPECT_EQ(handle.defaultText, "old name");
+  EXPECT_EQ(prompts.inputs[2].defaultText, "dj quill");
+  EXPECT_EQ(frmMenu.userHandle->text().toStdString(), "&handle [dj quill]");
+  const auto& comment = prompts.inputs[3];
+  EXPECT_EQ(comment.prompt,
             "before uploading, rename all mp3 comment tags to...\r\r\r...30 letters max.");
-  EXPECT_EQ(prompts.inputs[0].title, "id tags");
-  EXPECT_EQ(prompts.inputs[0].defaultText, "uploaded by me");
-  EXPECT_EQ(prompts.inputs[0].x, 15);
-  EXPECT_EQ(prompts.inputs[0].y, 15);
+  EXPECT_EQ(comment.title, "id tags");
+  EXPECT_EQ(comment.defaultText, "uploaded by me");
+  for (const auto& input : prompts.inputs) EXPECT_EQ(input.x + input.y, 30);  // 15 twips each
 }
 
-TEST_F(MenuWiringTest, WebItemsOpenTheirAddresses) {
-  Wire();
-  for (QAction* a : {frmMenu_.weblink1, frmMenu_.weblink2, frmMenu_.fav1, frmMenu_.fav2,
-                     frmMenu_.fav3, frmMenu_.fav4})
+TEST_F(MenuWiringTest, WebAndHelpItems) {
+  for (QAction* a : {frmMenu.weblink1, frmMenu.weblink2, frmMenu.fav1, frmMenu.fav2,
+                     frmMenu.fav3, frmMenu.fav4})
     a->trigger();
-  ASSERT_EQ(opened_.size(), 6u);
-  for (size_t i = 0; i < opened_.size(); ++i) {
-    EXPECT_EQ(opened_[i].rfind("https://", 0), 0u) << opened_[i];
-    for (size_t j = 0; j < i; ++j) EXPECT_NE(opened_[i], opened_[j]);
+  ASSERT_EQ(opened.size(), 6u);
+  for (size_t i = 0; i < opened.size(); ++i) {
+    EXPECT_EQ(opened[i].rfind("https://", 0), 0u) << opened[i];
+    for (size_t j = 0; j < i; ++j) EXPECT_NE(opened[i], opened[j]);
   }
-  EXPECT_EQ(opened_[0], FrmMenu::WebAddress("weblink1"));
-}
-
-TEST_F(MenuWiringTest, ResetStatsDeletesEverySettingAndZeroesTheCounters) {
-  Wire();
-  SaveSetting(kAppName, kOptionsSection, "mbs", "50");
-  SaveSetting(kAppName, kOptionsSection, "ascii1", "**");
-  SaveSetting(kAppName, kSubjectSection, "subject", "x");
-  frmMain_.lblMBs->setText("50");
-  frmMain_.lblUps->setText("9");
-  frmMain_.lblTagTotal->setText("run line");
-  frmMenu_.bbcemail->setChecked(false);
-  frmMenu_.resetstat->trigger();
-  EXPECT_EQ(frmMain_.lblMBs->Caption(), "0");
-  EXPECT_EQ(frmMain_.lblUps->Caption(), "0");
-  EXPECT_EQ(frmMain_.Label1->Caption(), "0 ups : 0 mb");
-  EXPECT_EQ(frmMain_.lblTagTotal->Caption(), "run line");
-  EXPECT_FALSE(frmMenu_.check("bbcemail"));  // the running program keeps its marks
-  for (const auto& [section, key] : {std::pair{kOptionsSection, "mbs"},
-                                     std::pair{kOptionsSection, "ascii1"},
-                                     std::pair{kSubjectSection, "subject"}})
-    EXPECT_EQ(GetSetting(kAppName, section, key, "<gone>"), "<gone>") << key;
-}
-
-TEST_F(MenuWiringTest, ExitFromMenuAndFromThePictureButton) {
-  Wire();
-  frmMain_.show();
-  frmMenu_.endprog->trigger();
-  EXPECT_EQ(exits_, 1);
-  EXPECT_FALSE(frmMain_.isVisible());
-  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "frmmenu.autohead.Checked", "?"), "1");
-  frmMain_.show();
-  emit frmMain_.picExit->clicked();
-  EXPECT_EQ(exits_, 2);
-}
-
-TEST_F(MenuWiringTest, HelpItemsAskTheirBoxes) {
-  test::ScriptedPrompts prompts;
-  Wire();
-  for (QAction* a : {frmMenu_.how2use, frmMenu_.contactzme, frmMenu_.emailTips,
-                     frmMenu_.subjectTips, frmMenu_.bodytips})
+  EXPECT_EQ(opened[0], FrmMenu::WebAddress("weblink1"));
+  for (QAction* a : {frmMenu.how2use, frmMenu.contactzme, frmMenu.emailTips,
+                     frmMenu.subjectTips, frmMenu.bodytips})
     a->trigger();
   ASSERT_EQ(prompts.boxes.size(), 5u);
   EXPECT_EQ(prompts.boxes[0].title, "how to use...");
@@ -159,22 +97,49 @@ TEST_F(MenuWiringTest, HelpItemsAskTheirBoxes) {
   EXPECT_EQ(prompts.boxes[2].title, "tips!");
 }
 
+TEST_F(MenuWiringTest, ResetStatsDeletesEverySettingAndZeroesTheCounters) {
+  SaveSetting(kAppName, kOptionsSection, "mbs", "50");
+  SaveSetting(kAppName, kOptionsSection, "ascii1", "**");
+  SaveSetting(kAppName, kSubjectSection, "subject", "x");
+  frmMain.lblMBs->setText("50");
+  frmMain.lblUps->setText("9");
+  frmMain.lblTagTotal->setText("run line");
+  frmMenu.bbcemail->setChecked(false);
+  frmMenu.resetstat->trigger();
+  EXPECT_EQ(frmMain.lblMBs->Caption() + frmMain.lblUps->Caption(), "00");
+  EXPECT_EQ(frmMain.Label1->Caption(), "0 ups : 0 mb");
+  EXPECT_EQ(frmMain.lblTagTotal->Caption(), "run line");
+  EXPECT_FALSE(frmMenu.check("bbcemail"));  // the running program keeps its marks
+  for (const auto& [section, key] : {std::pair{kOptionsSection, "mbs"},
+                                     std::pair{kOptionsSection, "ascii1"},
+                                     std::pair{kSubjectSection, "subject"}})
+    EXPECT_EQ(GetSetting(kAppName, section, key, "<gone>"), "<gone>") << key;
+}
+
+TEST_F(MenuWiringTest, ExitFromMenuAndFromThePictureButton) {
+  frmMain.show();
+  frmMenu.endprog->trigger();
+  EXPECT_EQ(exits, 1);
+  EXPECT_FALSE(frmMain.isVisible());
+  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "frmmenu.autohead.Checked", "?"), "1");
+  frmMain.show();
+  emit frmMain.picExit->clicked();
+  EXPECT_EQ(exits, 2);
+}
+
 TEST_F(MenuWiringTest, KillModalClosesTheClientsModalWindow) {
-  sim::SimClient client(desktop_);
-  Wire();
-  const Hwnd modal = desktop_.NewWindow(0, "_AOL_Modal", "Sign Off?");
-  ASSERT_TRUE(desktop_.Exists(modal));
-  frmMenu_.kmodallll->trigger();
+  StartClient(5);
+  const Hwnd modal = desktop.NewWindow(0, "_AOL_Modal", "Sign Off?");
+  frmMenu.kmodallll->trigger();
   DoEvents();
-  EXPECT_FALSE(desktop_.Exists(modal) && desktop_.IsWindowVisible(modal));
+  EXPECT_FALSE(desktop.Exists(modal) && desktop.IsWindowVisible(modal));
 }
 
 TEST_F(MenuWiringTest, EachTriangleOpensItsMenuUnderIt) {
-  Wire();
-  frmMain_.show();
-  const std::pair<PictureBox*, QMenu*> cases[] = {{frmMain_.picMenu1, frmMenu_.mnufile},
-                                                  {frmMain_.picMenu2, frmMenu_.mnutag},
-                                                  {frmMain_.picMenu3, frmMenu_.mnuOther}};
+  frmMain.show();
+  const std::pair<PictureBox*, QMenu*> cases[] = {{frmMain.picMenu1, frmMenu.mnufile},
+                                                  {frmMain.picMenu2, frmMenu.mnutag},
+                                                  {frmMain.picMenu3, frmMenu.mnuOther}};
   for (const auto& [button, tree] : cases) {
     QMenu* shown = nullptr;
     QPoint at;
@@ -187,32 +152,26 @@ TEST_F(MenuWiringTest, EachTriangleOpensItsMenuUnderIt) {
     emit button->clicked();
     ASSERT_EQ(shown, tree) << button->objectName().toStdString();
     // At the button's left, one pixel (15 twips) below its bottom edge.
-    EXPECT_EQ(at, frmMain_.mapToGlobal(QPoint(button->x(), button->geometry().bottom() + 2)));
+    EXPECT_EQ(at, frmMain.mapToGlobal(QPoint(button->x(), button->geometry().bottom() + 2)));
   }
 }
 
-TEST_F(MenuWiringTest, AboutShowsTheHandleAsItStoodAtOpening) {
-  Wire();
-  frmMenu_.lblHandle->setText("DJ Quill");
-  frmMenu_.aboutmp33->trigger();
+TEST_F(MenuWiringTest, AboutAndEditorItemsOpenTheirWindowsWithoutBlocking) {
+  frmMenu.lblHandle->setText("DJ Quill");
+  frmMenu.aboutmp33->trigger();
   FrmAbout* about = nullptr;
   for (QWidget* w : QApplication::topLevelWidgets())
     if (auto* a = qobject_cast<FrmAbout*>(w); a && a->isVisible()) about = a;
   ASSERT_NE(about, nullptr);
   EXPECT_EQ(about->lblName->text(), "dj quill");
-  frmMenu_.lblHandle->setText("Other");
-  frmMenu_.aboutmp33->trigger();  // still open: the same window, the old name
+  frmMenu.lblHandle->setText("Other");
+  frmMenu.aboutmp33->trigger();  // still open: the same window, the old name
   EXPECT_EQ(about->lblName->text(), "dj quill");
-  about->close();
   delete about;
-}
-
-TEST_F(MenuWiringTest, EditorItemsOpenTheirWindowsWithoutBlocking) {
-  Wire();
-  frmMenu_.editSubject->trigger();
+  frmMenu.editSubject->trigger();
   ASSERT_NE(SubjectEditor(), nullptr);
   EXPECT_TRUE(SubjectEditor()->isVisible());
-  frmMenu_.headfootopt->trigger();
+  frmMenu.headfootopt->trigger();
   ASSERT_NE(HeadEditor(), nullptr);
   EXPECT_TRUE(HeadEditor()->isVisible());
   delete SubjectEditor();
@@ -221,14 +180,15 @@ TEST_F(MenuWiringTest, EditorItemsOpenTheirWindowsWithoutBlocking) {
 
 #ifdef QC_QUILLCAST_BIN
 TEST(ProgramTest, SecondInstanceEndsSilentlyBeforeAnyWindow) {
-  QTemporaryDir tmp;
-  InstanceLock held(QDir(tmp.path()).filePath(QStringLiteral("quillcast.lock")));
+  TempDir tmp;
+  const QString path = QString::fromStdString(tmp.path());
+  InstanceLock held(QString::fromStdString(tmp / "quillcast.lock"));
   ASSERT_TRUE(held.acquired());
   QProcess p;
   QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-  env.insert(QStringLiteral("TMPDIR"), tmp.path());
+  env.insert(QStringLiteral("TMPDIR"), path);
   env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-  env.insert(QStringLiteral("XDG_CONFIG_HOME"), tmp.path());
+  env.insert(QStringLiteral("XDG_CONFIG_HOME"), path);
   p.setProcessEnvironment(env);
   p.start(QStringLiteral(QC_QUILLCAST_BIN), {});
   ASSERT_TRUE(p.waitForFinished(20000));
@@ -239,4 +199,4 @@ TEST(ProgramTest, SecondInstanceEndsSilentlyBeforeAnyWindow) {
 #endif
 
 }  // namespace
-}  // namespace qc
+}  // namespace qc::test

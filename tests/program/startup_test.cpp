@@ -3,135 +3,94 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTimer>
-#include <gtest/gtest.h>
 
-#include "ui/settings_store.h"
-#include "ui/window_routines.h"
-#include "ui/frmmain.h"
-#include "ui/frmmenu.h"
 #include "base/pump.h"
-#include "client/window_system.h"
-#include "program/menu_wiring.h"
 #include "program/startup.h"
+#include "run/run_rig.h"
+#include "run/tagging_run.h"
 #include "sim/sim_chat.h"
-#include "sim/sim_client.h"
-#include "sim/sim_desktop.h"
-#include "support/budget.h"
-#include "support/scripted_prompts.h"
+#include "ui/window_routines.h"
 
-namespace qc {
+namespace qc::test {
 namespace {
 
 // Thrown by the test's exit hook: the program ends there, nothing after it runs.
 struct ProgramEnded {};
 
-class StartupTest : public ::testing::Test {
+class StartupTest : public SandboxTest {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(dir_.isValid());
-    SetSettingsFolder(dir_.path().toStdString());
-    SetWindowSystem(&desktop_);
-    SetExitHook([] { throw ProgramEnded{}; });
-  }
-  void TearDown() override {
-    SetExitHook({});
-    SetWindowSystem(nullptr);
-    SetSettingsFolder("");
-  }
-  void StartClient(int generation, const std::string& name = "Brindle Rose") {
-    sim::ClientOptions o;
-    o.generation = generation;
-    o.screenName = name;
-    client_ = std::make_unique<sim::SimClient>(desktop_, o);
-  }
+  StartupTest() { SetExitHook([] { throw ProgramEnded{}; }); }
+  ~StartupTest() override { SetExitHook({}); }
   static std::string Stored(const std::string& key) {
     return GetSetting(kAppName, kOptionsSection, key, "<none>");
   }
   static std::string FlagKey(const char* item) {
     return std::string("frmmenu.") + item + ".Checked";
   }
-
-  QTemporaryDir dir_;
-  sim::SimDesktop desktop_;
-  std::unique_ptr<sim::SimClient> client_;
-  FrmMain frmMain_;
-  FrmMenu frmMenu_;
+  std::string Names() {
+    return frmMenu.lblHandle->Caption() + "|" + frmMenu.lblRename->Caption() + "|" +
+           frmMenu.userHandle->text().toStdString();
+  }
+  FrmMain frmMain;
+  FrmMenu frmMenu;
 };
 
 TEST_F(StartupTest, FirstStartWithEmptyStoreGivesDefaults) {
   StartClient(5);
   // Set everything the other way first, so that the defaults must come from the store.
-  for (const char* item : kOptionItems) frmMenu_.setCheck(item, std::string(item) == "renamecomment");
-  frmMain_.lblMBs->setText("99");
-  RestoreUserSettings(frmMain_, frmMenu_);
+  for (const char* item : kOptionItems) frmMenu.setCheck(item, std::string(item) == "renamecomment");
+  frmMain.lblMBs->setText("99");
+  RestoreUserSettings(frmMain, frmMenu);
   for (const char* item : kOptionItems)
-    EXPECT_EQ(frmMenu_.check(item), std::string(item) != "renamecomment") << item;
-  EXPECT_EQ(frmMain_.lblMBs->Caption(), "0");
-  EXPECT_EQ(frmMain_.lblUps->Caption(), "0");
-  EXPECT_EQ(frmMenu_.lblHandle->Caption(), "Brindle Rose");
-  EXPECT_EQ(frmMenu_.lblRename->Caption(), "uploaded by Brindle Rose");
-  EXPECT_EQ(frmMenu_.userHandle->text().toStdString(), "&handle [Brindle Rose]");
+    EXPECT_EQ(frmMenu.check(item), std::string(item) != "renamecomment") << item;
+  EXPECT_EQ(frmMain.lblUps->Caption() + frmMain.lblMBs->Caption(), "00");
+  EXPECT_EQ(Names(), "Brindle Rose|uploaded by Brindle Rose|&handle [Brindle Rose]");
 }
 
-TEST_F(StartupTest, NoClientGivesEmptyHandleAndBareRenameDefault) {
-  RestoreUserSettings(frmMain_, frmMenu_);
-  EXPECT_EQ(frmMenu_.lblHandle->Caption(), "");
-  EXPECT_EQ(frmMenu_.lblRename->Caption(), "uploaded by ");
-  EXPECT_EQ(frmMenu_.userHandle->text().toStdString(), "&handle []");
-  // Once saved, the empty values stand even when a client is there later.
-  SaveUserSettings(frmMain_, frmMenu_);
+TEST_F(StartupTest, NoClientGivesEmptyHandleWhichStandsOnceSaved) {
+  RestoreUserSettings(frmMain, frmMenu);
+  EXPECT_EQ(Names(), "|uploaded by |&handle []");
+  SaveUserSettings(frmMain, frmMenu);
   StartClient(5);
-  RestoreUserSettings(frmMain_, frmMenu_);
-  EXPECT_EQ(frmMenu_.lblHandle->Caption(), "");
-  EXPECT_EQ(frmMenu_.lblRename->Caption(), "uploaded by ");
+  RestoreUserSettings(frmMain, frmMenu);
+  EXPECT_EQ(Names(), "|uploaded by |&handle []");
 }
 
 TEST_F(StartupTest, StoredFlagValuesAndValuesAsTheyStand) {
-  const struct {
-    const char* stored;
-    bool checked;
-  } cases[] = {{"0", false}, {"7", true}, {"1", true}, {"x", false}};
-  for (const auto& c : cases) {
-    SaveSetting(kAppName, kOptionsSection, FlagKey("autohead"), c.stored);
-    SaveSetting(kAppName, kOptionsSection, FlagKey("renamecomment"), c.stored);
-    RestoreUserSettings(frmMain_, frmMenu_);
-    EXPECT_EQ(frmMenu_.check("autohead"), c.checked) << c.stored;
-    EXPECT_EQ(frmMenu_.check("renamecomment"), c.checked) << c.stored;
+  for (const auto& [stored, checked] :
+       {std::pair{"0", false}, std::pair{"7", true}, std::pair{"1", true}, std::pair{"x", false}}) {
+    SaveSetting(kAppName, kOptionsSection, FlagKey("autohead"), stored);
+    SaveSetting(kAppName, kOptionsSection, FlagKey("renamecomment"), stored);
+    RestoreUserSettings(frmMain, frmMenu);
+    EXPECT_EQ(frmMenu.check("autohead"), checked) << stored;
+    EXPECT_EQ(frmMenu.check("renamecomment"), checked) << stored;
   }
   // No parsing of the four values.
   SaveSetting(kAppName, kOptionsSection, "mbs", "12.50");
   SaveSetting(kAppName, kOptionsSection, "ups", "abc");
   SaveSetting(kAppName, kOptionsSection, "handle", "  dj Quill ");
-  RestoreUserSettings(frmMain_, frmMenu_);
-  EXPECT_EQ(frmMain_.lblMBs->Caption(), "12.50");
-  EXPECT_EQ(frmMain_.lblUps->Caption(), "abc");
-  EXPECT_EQ(frmMenu_.userHandle->text().toStdString(), "&handle [  dj Quill ]");
+  RestoreUserSettings(frmMain, frmMenu);
+  EXPECT_EQ(frmMain.lblUps->Caption() + " " + frmMain.lblMBs->Caption(), "abc 12.50");
+  EXPECT_EQ(frmMenu.userHandle->text().toStdString(), "&handle [  dj Quill ]");
 }
 
 TEST_F(StartupTest, TogglesPersistAcrossARestart) {
-  RestoreUserSettings(frmMain_, frmMenu_);
+  RestoreUserSettings(frmMain, frmMenu);
   // A toggle flips its own check mark, nothing more.
-  frmMenu_.bbcemail->trigger();
-  frmMenu_.renamecomment->trigger();
-  frmMenu_.memberlst->trigger();
-  frmMenu_.memberlst->trigger();
-  frmMenu_.lblHandle->setText("quill");
-  frmMenu_.lblRename->setText("ripped by quill");
-  frmMain_.lblMBs->setText("3.5");
-  frmMain_.lblUps->setText("2");
-  EXPECT_THROW(ExitProgram(frmMain_, frmMenu_), ProgramEnded);
-
-  for (const char* item : kOptionItems) {
-    const bool on = std::string(item) != "bbcemail";
-    EXPECT_EQ(Stored(FlagKey(item)), on ? "1" : "0") << item;
-  }
-  EXPECT_EQ(Stored("mbs"), "3.5");
-  EXPECT_EQ(Stored("ups"), "2");
-  EXPECT_EQ(Stored("handle"), "quill");
-  EXPECT_EQ(Stored("rename"), "ripped by quill");
-
+  frmMenu.bbcemail->trigger();
+  frmMenu.renamecomment->trigger();
+  frmMenu.memberlst->trigger();
+  frmMenu.memberlst->trigger();
+  frmMenu.lblHandle->setText("quill");
+  frmMenu.lblRename->setText("ripped by quill");
+  frmMain.lblMBs->setText("3.5");
+  frmMain.lblUps->setText("2");
+  EXPECT_THROW(ExitProgram(frmMain, frmMenu), ProgramEnded);
+  for (const char* item : kOptionItems)
+    EXPECT_EQ(Stored(FlagKey(item)), std::string(item) != "bbcemail" ? "1" : "0") << item;
+  EXPECT_EQ(Stored("mbs") + Stored("ups") + Stored("handle") + Stored("rename"),
+            "3.52quillripped by quill");
   FrmMain main2;
   FrmMenu menu2;
   RestoreUserSettings(main2, menu2);
@@ -143,46 +102,21 @@ TEST_F(StartupTest, TogglesPersistAcrossARestart) {
   EXPECT_EQ(menu2.userHandle->text().toStdString(), "&handle [quill]");
 }
 
-TEST_F(StartupTest, ExitDuringARunSavesTheTotalsSoFarAndClearsNothing) {
-  frmMain_.show();
-  frmMain_.lstSend->AddItem("someone@example.com");
-  frmMain_.lblMBs->setText("7.25");
-  frmMain_.lblUps->setText("4");
-  // The run waits for the client; the exit press comes in while it pumps.
-  bool runContinued = false;
-  const PumpHookId hook = AddPumpHook([&] {
-    frmMain_.lblMBs->setText("8.75");  // the run counted one more file
-    ExitProgram(frmMain_, frmMenu_);
-  });
-  EXPECT_THROW(
-      {
-        DoEvents();
-        runContinued = true;
-      },
-      ProgramEnded);
-  RemovePumpHook(hook);
-  EXPECT_FALSE(runContinued);
-  EXPECT_FALSE(frmMain_.isVisible());
-  EXPECT_EQ(Stored("mbs"), "8.75");
-  EXPECT_EQ(Stored("ups"), "4");
-  EXPECT_EQ(frmMain_.lstSend->ListCount(), 1);
-}
-
-TEST_F(StartupTest, WarningOnlyForGenerationsTwoAndFour) {
+TEST_F(StartupTest, WarningOnlyForGenerationsTwoAndFourBeforeAnythingShows) {
   for (int generation : {2, 3, 4, 5, 0}) {
-    test::ScriptedPrompts prompts;
-    if (generation) StartClient(generation);
-    else client_.reset();
-    EXPECT_EQ(WarnOnClientGeneration(), generation == 2 || generation == 4) << generation;
-    if (generation == 2 || generation == 4) {
-      ASSERT_EQ(prompts.boxes.size(), 1u);
-      EXPECT_EQ(prompts.boxes[0].title, "Warning:");
-      EXPECT_EQ(prompts.boxes[0].flags, 4160);
-      EXPECT_EQ(prompts.boxes[0].text, kGenerationWarningText);
+    prompts.boxes.clear();
+    if (generation) {
+      StartClient(generation);
+    } else {
+      StopClient();
+    }
+    const bool warns = generation == 2 || generation == 4;
+    EXPECT_EQ(WarnOnClientGeneration(), warns) << generation;
+    if (warns) {
+      ExpectBox(prompts, 0, kGenerationWarningText, 4160, "Warning:");
     } else {
       EXPECT_TRUE(prompts.boxes.empty()) << generation;
     }
-    client_.reset();
   }
   const std::string text = kGenerationWarningText;
   EXPECT_EQ(text.rfind("QUILL CAST v.qc27e has detected", 0), 0u);
@@ -191,7 +125,7 @@ TEST_F(StartupTest, WarningOnlyForGenerationsTwoAndFour) {
 }
 
 // Records whether the splash was on screen when the warning was asked.
-class SplashWatcher : public test::ScriptedPrompts {
+class SplashWatcher : public ScriptedPrompts {
  public:
   QWidget* splash = nullptr;
   bool splashVisibleAtBox = true;
@@ -201,16 +135,16 @@ class SplashWatcher : public test::ScriptedPrompts {
   }
 };
 
-TEST_F(StartupTest, WarningComesBeforeAnythingShows) {
+TEST_F(StartupTest, WarningComesBeforeTheSplashShows) {
   StartClient(4);
-  SplashWatcher prompts;
+  SplashWatcher watcher;
   FrmMenu2 menu2;
-  auto* start = new FrmStart({&frmMain_, &frmMenu_, &menu2});
-  prompts.splash = start;
+  auto* start = new FrmStart({&frmMain, &frmMenu, &menu2});
+  watcher.splash = start;
   start->Open();
-  ASSERT_EQ(prompts.boxes.size(), 1u);
-  EXPECT_FALSE(prompts.splashVisibleAtBox);
-  EXPECT_FALSE(frmMain_.isVisible());
+  ASSERT_EQ(watcher.boxes.size(), 1u);
+  EXPECT_FALSE(watcher.splashVisibleAtBox);
+  EXPECT_FALSE(frmMain.isVisible());
   EXPECT_TRUE(start->isVisible());
   start->tmrLoad->stop();
   delete start;
@@ -230,82 +164,63 @@ TEST_F(StartupTest, VersionLabelSlidesFromOutsideToFiftySevenTwentyFive) {
   EXPECT_EQ(label.x(), ToPixelsX(5725));
 }
 
-TEST_F(StartupTest, WholeLoadFromSplashToMainWindow) {
+TEST_F(StartupTest, WholeLoadFromSplashToMainWindowGreetsTheRoomFirst) {
   StartClient(5, "Ilona");
+  sim::SimChat chat(*client);
+  const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
   SaveSetting(kAppName, kOptionsSection, FlagKey("sendlater"), "0");
-  test::ScriptedPrompts prompts;
-  test::VirtualTime time;
   FrmMenu2 menu2;
-  QPointer<FrmStart> start = new FrmStart({&frmMain_, &frmMenu_, &menu2});
+  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2});
   EXPECT_EQ(start->lblVersion->text(), "version qc23e");
   EXPECT_EQ(start->tmrLoad->interval(), 500);
   bool loaded = false;
+  bool shownEarly = false;
+  const PumpHookId hook = AddPumpHook([&] {
+    if (chat.Transcript(room).size() < 3 && frmMain.isVisible()) shownEarly = true;
+  });
   QObject::connect(start, &FrmStart::loaded, [&] {
     loaded = true;
     // frmMain comes only after the options are back.
-    EXPECT_FALSE(frmMenu_.check("sendlater"));
-    EXPECT_TRUE(frmMain_.isVisible());
+    EXPECT_FALSE(frmMenu.check("sendlater"));
+    EXPECT_TRUE(frmMain.isVisible());
   });
   start->Open();
   EXPECT_TRUE(start->isVisible());
-  EXPECT_FALSE(frmMain_.isVisible());
+  EXPECT_FALSE(frmMain.isVisible());
   QElapsedTimer clock;
   clock.start();
   while (!loaded && clock.elapsed() < 5000) QApplication::processEvents(QEventLoop::AllEvents, 50);
+  RemovePumpHook(hook);
   ASSERT_TRUE(loaded);
   EXPECT_GE(clock.elapsed(), 400);  // tmrLoad's half second
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(start.isNull());  // the splash is unloaded
   EXPECT_TRUE(prompts.boxes.empty());
-  EXPECT_EQ(frmMenu_.userHandle->text().toStdString(), "&handle [Ilona]");
-  // frmMain took the skin's size and outline.
-  EXPECT_EQ(frmMain_.size(), frmMain_.Picture1->size());
-  EXPECT_FALSE(frmMain_.mask().isEmpty());
-}
-
-TEST_F(StartupTest, LoadGreetsTheRoomBeforeTheMainWindowShows) {
-  StartClient(5);
-  sim::SimChat chat(*client_);
-  const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
-  test::ScriptedPrompts prompts;
-  test::VirtualTime time;
-  FrmMenu2 menu2;
-  bool shownEarly = false;
-  const PumpHookId hook = AddPumpHook([&] {
-    if (chat.Transcript(room).size() < 3 && frmMain_.isVisible()) shownEarly = true;
-  });
-  auto* start = new FrmStart({&frmMain_, &frmMenu_, &menu2});
-  start->Open();
-  start->tmrLoad->stop();
-  {
-    test::PumpBudget budget(100000);
-    start->LoadTick();
-  }
-  RemovePumpHook(hook);
-  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(shownEarly);
-  EXPECT_TRUE(frmMain_.isVisible());
   const std::vector<std::string> lines = chat.Transcript(room);
   ASSERT_EQ(lines.size(), 3u);
   EXPECT_NE(lines[1].find("start"), std::string::npos) << lines[1];
+  EXPECT_EQ(frmMenu.userHandle->text().toStdString(), "&handle [Ilona]");
+  // frmMain took the skin's size and outline.
+  EXPECT_EQ(frmMain.size(), frmMain.Picture1->size());
+  EXPECT_FALSE(frmMain.mask().isEmpty());
 }
 
 TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
   StartClient(5);
-  sim::SimChat chat(*client_);
+  sim::SimChat chat(*client);
   const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
-  test::VirtualTime time;
-  frmMain_.show();
-  frmMain_.lblUps->setText("5");
+  frmMain.show();
+  frmMain.lblUps->setText("5");
   bool visibleDuringGoodbye = false;
   bool savedBeforeGoodbye = false;
   const PumpHookId hook = AddPumpHook([&] {
-    if (frmMain_.isVisible()) visibleDuringGoodbye = true;
+    if (frmMain.isVisible()) visibleDuringGoodbye = true;
     if (Stored("ups") != "<none>") savedBeforeGoodbye = true;
   });
   {
-    test::PumpBudget budget(100000);
-    EXPECT_THROW(ExitProgram(frmMain_, frmMenu_), ProgramEnded);
+    PumpBudget budget(100000);
+    EXPECT_THROW(ExitProgram(frmMain, frmMenu), ProgramEnded);
   }
   RemovePumpHook(hook);
   EXPECT_FALSE(visibleDuringGoodbye);
@@ -316,9 +231,58 @@ TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
   EXPECT_NE(lines[1].find("end"), std::string::npos) << lines[1];
 }
 
+// The exit press while a real tagging run waits on the client: the program ends inside the run,
+// with the totals counted so far saved and nothing cleared.
+class ExitInRun : public RunRig {
+ protected:
+  ExitInRun() { SetExitHook([] { throw ProgramEnded{}; }); }
+  ~ExitInRun() override { SetExitHook({}); }
+};
+
+TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
+  StartClient(5);
+  Choose("one.mp3", 1500000, "Band - One");
+  Choose("two.mp3", 500000, "Band - Two");
+  Choose("three.mp3", 250000, "Band - Three");
+  Check({"sendlater"});
+  frm.lblUps->SetCaption("10");
+  frm.lblMBs->SetCaption("20");
+  frm.show();
+  bool pressed = false;
+  const PumpHookId hook = AddPumpHook([&] {
+    if (!pressed && frm.lblUps->Caption() == "11") {
+      pressed = true;
+      ExitProgram(frm, menu);
+    }
+  });
+  bool runReturned = false;
+  {
+    PumpBudget budget(3000000);
+    EXPECT_THROW(
+        {
+          TaggingRun(frm, menu);
+          runReturned = true;
+        },
+        ProgramEnded);
+  }
+  RemovePumpHook(hook);
+  ASSERT_TRUE(pressed);
+  EXPECT_FALSE(runReturned);
+  EXPECT_FALSE(frm.isVisible());
+  const auto stored = [](const std::string& key) {
+    return GetSetting(kAppName, kOptionsSection, key, "?");
+  };
+  EXPECT_EQ(stored("ups"), "11");
+  EXPECT_EQ(stored("mbs"), "21.5");
+  // The files not yet sent stay chosen: nothing is cleared.
+  EXPECT_EQ(frm.lstPathSelect->ListCount(), 3);
+  EXPECT_EQ(stored("frmmenu.sendlater.Checked"), "1");
+  EXPECT_EQ(stored("frmmenu.bbcemail.Checked"), "0");
+}
+
 TEST(InstanceLockTest, SecondInstanceIsRefusedUntilTheFirstEnds) {
-  QTemporaryDir dir;
-  const QString path = dir.filePath(QStringLiteral("quillcast.lock"));
+  TempDir dir;
+  const QString path = QString::fromStdString(dir / "quillcast.lock");
   {
     InstanceLock first(path);
     EXPECT_TRUE(first.acquired());
@@ -330,4 +294,4 @@ TEST(InstanceLockTest, SecondInstanceIsRefusedUntilTheFirstEnds) {
 }
 
 }  // namespace
-}  // namespace qc
+}  // namespace qc::test

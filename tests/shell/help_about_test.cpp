@@ -10,34 +10,27 @@
 #include "shell/help.h"
 #include "shell/skin_art.h"
 #include "shell/skin_layout.h"
-#include "support/scripted_prompts.h"
+#include "support/sandbox.h"
 #include "qstring_print.h"
 
 namespace qc {
 namespace {
 
-TEST(HelpTest, BoxesHaveTheirTitlesAndStyles) {
+TEST(HelpTest, BoxesHaveTheirTitlesAndStylesAndCarriageReturnsOnly) {
   test::ScriptedPrompts prompts;
   ShowHowToUse();
   ShowMailListTips();
   ShowSubjectTips();
   ShowBodyTips();
   ShowContact();
-  ASSERT_EQ(prompts.boxes.size(), 5u);
-  const std::pair<const char*, int> want[] = {
-      {"how to use...", 4160}, {"tips!", 4160}, {"tips", 4160}, {"tips", 4160}, {"quillcast", 0}};
-  for (size_t i = 0; i < 5; ++i) {
-    EXPECT_EQ(prompts.boxes[i].title, want[i].first) << i;
-    EXPECT_EQ(prompts.boxes[i].flags, want[i].second) << i;
-  }
-  EXPECT_EQ(prompts.boxes[0].text, HowToUseText());
-  EXPECT_EQ(prompts.boxes[4].text, ContactText());
-}
-
-TEST(HelpTest, TextsUseCarriageReturnsOnly) {
-  for (const std::string& t :
-       {HowToUseText(), MailListTipsText(), SubjectTipsText(), BodyTipsText(), ContactText()}) {
-    EXPECT_EQ(t.find('\n'), std::string::npos);
+  const std::tuple<std::string, int, const char*> want[] = {
+      {HowToUseText(), 4160, "how to use..."}, {MailListTipsText(), 4160, "tips!"},
+      {SubjectTipsText(), 4160, "tips"},       {BodyTipsText(), 4160, "tips"},
+      {ContactText(), 0, "quillcast"}};
+  for (std::size_t i = 0; i < std::size(want); ++i) {
+    const auto& [text, flags, title] = want[i];
+    test::ExpectBox(prompts, i, text, flags, title);
+    EXPECT_EQ(text.find('\n'), std::string::npos) << title;
   }
   EXPECT_EQ(BodyTipsText().find('\r'), std::string::npos);
 }
@@ -113,9 +106,12 @@ void PressOn(QWidget* w, Qt::MouseButton button) {
 }
 
 TEST(AboutTest, AnyPressOnAnyPartUnloadsIt) {
-  for (const char* part : {"frmAbout", "Frame1", "Image1", "Label1", "Label2", "Label7",
-                           "lblName", "pnlAbout"}) {
-    for (Qt::MouseButton b : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+  const std::pair<const char*, Qt::MouseButton> presses[] = {
+      {"frmAbout", Qt::LeftButton}, {"Frame1", Qt::RightButton}, {"Image1", Qt::MiddleButton},
+      {"Label1", Qt::LeftButton},   {"Label2", Qt::RightButton}, {"Label7", Qt::MiddleButton},
+      {"lblName", Qt::LeftButton},  {"pnlAbout", Qt::RightButton}};
+  for (const auto& [part, b] : presses) {
+    {
       QPointer<FrmAbout> slot;
       OpenAbout(slot, QStringLiteral("h"));
       QWidget* target = slot->objectName() == part ? slot.data()

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
 #include <unistd.h>
 
 #include "base/failure.h"
 #include "base/pump.h"
+#include "support/files.h"
 #include "text/text_files.h"
 
 namespace qc {
@@ -14,15 +14,10 @@ namespace {
 
 class TextFiles : public ::testing::Test {
  protected:
-  std::string Path(const std::string& name) { return dir_.path().toStdString() + "/" + name; }
-  void Write(const std::string& name, const std::string& bytes) {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-  }
-  std::string Bytes(const std::string& name) {
-    std::ifstream in(Path(name), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-  }
-  QTemporaryDir dir_;
+  std::string Path(const std::string& name) { return dir_ / name; }
+  void Write(const std::string& name, const std::string& bytes) { test::WriteBytes(Path(name), bytes); }
+  std::string Bytes(const std::string& name) { return test::ReadBytes(Path(name)); }
+  test::TempDir dir_;
 };
 
 TEST_F(TextFiles, FileExistsSeesNormalFilesOnly) {

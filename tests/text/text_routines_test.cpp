@@ -3,19 +3,13 @@
 #include "base/failure.h"
 #include "base/pump.h"
 #include "text/template_keys.h"
+#include "support/files.h"
 #include "text/text.h"
 
 namespace qc {
 namespace {
 
-int FailureNumberOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const RuntimeFailure& e) {
-    return e.number();
-  }
-  return 0;
-}
+using test::FailureNumberOf;
 
 TEST(LowerCase, KeepsByteLengthsForWindows1252Letters) {
   EXPECT_EQ(LowerCase("IDTITLE$ ÀÉÎÕÜÞ×ŠŒŽŸ"), "idtitle$ àéîõüþ×šœžÿ");

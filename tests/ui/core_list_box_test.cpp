@@ -2,72 +2,33 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QTemporaryDir>
-#include <cstdlib>
-#include <filesystem>
-#include <functional>
-#include <optional>
 
+#include "base/failure.h"
+#include "support/sandbox.h"
 #include "ui/app_path.h"
 #include "ui/list_box.h"
-#include "base/failure.h"
 
-namespace qc {
+namespace qc::test {
 namespace {
 
-int FailureOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const RuntimeFailure& e) {
-    return e.number();
-  }
-  return 0;
-}
-
-class EnvVar {
- public:
-  EnvVar(const char* name, const std::string& value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    setenv(name, value.c_str(), 1);
-  }
-  ~EnvVar() {
-    if (old_) {
-      setenv(name_, old_->c_str(), 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
-
-TEST(AppPath, FollowsQuillcastHomeCleanedAbsoluteAndCreated) {
-  QTemporaryDir tmp;
-  const std::string base = tmp.path().toStdString();
+TEST(AppPath, FollowsQuillcastHomeCleanedAbsoluteAndCreatedOrTheUsersDataFolder) {
+  TempDir tmp;
   {
-    EnvVar home("QUILLCAST_HOME", base + "/a/../b/./c/");
-    EXPECT_EQ(AppPath(), base + "/b/c");
-    EXPECT_TRUE(std::filesystem::is_directory(base + "/b/c"));
+    ScopedEnv home("QUILLCAST_HOME", tmp.path() + "/a/../b/./c/");
+    EXPECT_EQ(AppPath(), tmp / "b/c");
+    EXPECT_TRUE(std::filesystem::is_directory(tmp / "b/c"));
   }
   {
     const QString oldCwd = QDir::currentPath();
-    QDir::setCurrent(tmp.path());
-    EnvVar home("QUILLCAST_HOME", "rel");
-    EXPECT_EQ(AppPath(), base + "/rel");
+    QDir::setCurrent(QString::fromStdString(tmp.path()));
+    ScopedEnv home("QUILLCAST_HOME", "rel");
+    EXPECT_EQ(AppPath(), tmp / "rel");
     QDir::setCurrent(oldCwd);
   }
-}
-
-TEST(AppPath, WithoutQuillcastHomeUsesTheUsersDataFolder) {
-  QTemporaryDir tmp;
-  EnvVar home("QUILLCAST_HOME", "");
-  EnvVar data("XDG_DATA_HOME", tmp.path().toStdString());
-  EXPECT_EQ(AppPath(), tmp.path().toStdString() + "/quillcast");
-  EXPECT_TRUE(std::filesystem::is_directory(tmp.path().toStdString() + "/quillcast"));
-  // The body file is joined bare, the lists with a separator.
-  EXPECT_EQ(AppPath() + "txtBody.sys", tmp.path().toStdString() + "/quillcasttxtBody.sys");
+  ScopedEnv home("QUILLCAST_HOME", "");
+  ScopedEnv data("XDG_DATA_HOME", tmp.path());
+  EXPECT_EQ(AppPath(), tmp / "quillcast");
+  EXPECT_TRUE(std::filesystem::is_directory(tmp / "quillcast"));
 }
 
 TEST(ListBox, IndexesOutsideTheListRaiseTheirOwnFailures) {
@@ -78,8 +39,7 @@ TEST(ListBox, IndexesOutsideTheListRaiseTheirOwnFailures) {
     const char* what;
     std::function<void()> call;
     int failure;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"remove past end", [&] { list.RemoveItem(2); }, kInvalidArgument},
       {"remove -1", [&] { list.RemoveItem(-1); }, kInvalidArgument},
       {"insert past end+1", [&] { list.AddItem("x", 3); }, kInvalidArgument},
@@ -93,16 +53,14 @@ TEST(ListBox, IndexesOutsideTheListRaiseTheirOwnFailures) {
       {"remove beyond 16 bits", [&] { list.RemoveItem(-32769); }, kOverflow},
       {"list index beyond 16 bits", [&] { list.SetListIndex(40000); }, kOverflow},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(FailureOf(c.call), c.failure) << c.what;
-  }
+  for (const Case& c : cases) EXPECT_EQ(FailureNumberOf(c.call), c.failure) << c.what;
   EXPECT_EQ(list.Items(), (std::vector<std::string>{"a", "b"}));
   // Reading outside the list is no failure.
   EXPECT_EQ(list.List(2), "");
   EXPECT_EQ(list.List(-1), "");
 }
 
-TEST(ListBox, InsertRemoveAndNewIndex) {
+TEST(ListBox, InsertRemoveNewIndexAndSelection) {
   ListBox list;
   EXPECT_EQ(list.NewIndex(), -1);
   list.AddItem("b");
@@ -111,39 +69,27 @@ TEST(ListBox, InsertRemoveAndNewIndex) {
   list.AddItem("c", 2);
   EXPECT_EQ(list.NewIndex(), 2);
   EXPECT_EQ(list.Items(), (std::vector<std::string>{"a", "b", "c"}));
-  list.RemoveItem(1);
-  EXPECT_EQ(list.ListCount(), 2);
-  list.SetList(1, "z");
-  EXPECT_EQ(list.List(1), "z");
-  list.Clear();
-  EXPECT_EQ(list.ListCount(), 0);
-  EXPECT_EQ(list.NewIndex(), -1);
-}
-
-TEST(ListBox, SingleAndMultiSelection) {
-  ListBox list;
-  for (const char* s : {"a", "b", "c"}) list.AddItem(s);
   EXPECT_EQ(list.ListIndex(), -1);
   EXPECT_EQ(list.Text(), "");
   list.SetListIndex(1);
-  EXPECT_EQ(list.ListIndex(), 1);
   EXPECT_EQ(list.Text(), "b");
   EXPECT_TRUE(list.Selected(1));
   list.SetSelected(2, true);  // single: moves the selection
   EXPECT_FALSE(list.Selected(1));
   EXPECT_EQ(list.SelCount(), 1);
   list.SetListIndex(-1);
-  EXPECT_EQ(list.ListIndex(), -1);
   EXPECT_EQ(list.SelCount(), 0);
-
   list.SetMultiSelect(ListBox::kSimple);
   list.SetSelected(0, true);
   list.SetSelected(2, true);
   EXPECT_EQ(list.SelCount(), 2);
-  EXPECT_TRUE(list.Selected(0));
   EXPECT_FALSE(list.Selected(1));
-  list.SetSelected(0, false);
-  EXPECT_EQ(list.SelCount(), 1);
+  list.RemoveItem(1);
+  list.SetList(1, "z");
+  EXPECT_EQ(list.Items(), (std::vector<std::string>{"a", "z"}));
+  list.Clear();
+  EXPECT_EQ(list.ListCount(), 0);
+  EXPECT_EQ(list.NewIndex(), -1);
 }
 
 TEST(ListBox, CountPastSixteenBitsOverflows) {
@@ -154,13 +100,13 @@ TEST(ListBox, CountPastSixteenBitsOverflows) {
   EXPECT_EQ(list.ListCount(), 32767);
   list.AddItem("one too many");
   EXPECT_EQ(list.NewIndex(), 32767);
-  EXPECT_EQ(FailureOf([&] { (void)list.ListCount(); }), kOverflow);
+  EXPECT_EQ(FailureNumberOf([&] { (void)list.ListCount(); }), kOverflow);
   list.AddItem("two too many");
-  EXPECT_EQ(FailureOf([&] { (void)list.NewIndex(); }), kOverflow);
+  EXPECT_EQ(FailureNumberOf([&] { (void)list.NewIndex(); }), kOverflow);
   // The last item itself stays out of reach of a 16-bit index.
-  EXPECT_EQ(FailureOf([&] { (void)list.List(32767 + 1); }), kOverflow);
+  EXPECT_EQ(FailureNumberOf([&] { (void)list.List(32767 + 1); }), kOverflow);
   EXPECT_EQ(list.List(32767), "one too many");
 }
 
 }  // namespace
-}  // namespace qc
+}  // namespace qc::test

@@ -28,47 +28,37 @@ void WhenOpen(std::function<void(QWidget*)> act) {
   timer->start();
 }
 
-TEST(QtPrompts, MessageBoxShowsTextTitleIconAndAnswersOk) {
-  QtPrompts prompts;
-  QString text, title;
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-  bool onTop = false;
-  WhenOpen([&](QWidget* w) {
-    auto* box = qobject_cast<QMessageBox*>(w);
-    ASSERT_NE(box, nullptr);
-    text = box->text();
-    title = box->windowTitle();
-    icon = box->icon();
-    onTop = box->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-    EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
-    box->button(QMessageBox::Ok)->click();
-  });
-  EXPECT_EQ(prompts.MsgBox("no files\xC3\xA8 chosen", 4112, "error:"), kAnswerOk);
-  EXPECT_EQ(text, QString::fromUtf8("no files\xC3\xA8 chosen"));
-  EXPECT_EQ(title, "error:");
-  EXPECT_EQ(icon, QMessageBox::Critical);
-  EXPECT_TRUE(onTop);
-  EXPECT_EQ(QtPrompts::OpenDialog(), nullptr);
-}
-
-TEST(QtPrompts, IconsFollowTheFlags) {
+TEST(QtPrompts, MessageBoxShowsTextTitleIconOnTopAndAnswersOk) {
   QtPrompts prompts;
   const std::pair<int, QMessageBox::Icon> cases[] = {
       {kOkOnly, QMessageBox::NoIcon},
-      {kCritical, QMessageBox::Critical},
+      {kCritical | kSystemModal, QMessageBox::Critical},
       {kQuestion, QMessageBox::Question},
       {kExclamation, QMessageBox::Warning},
       {kInformation | kSystemModal, QMessageBox::Information},
   };
   for (const auto& [flags, expected] : cases) {
+    QString text, title;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
+    bool onTop = false;
     WhenOpen([&](QWidget* w) {
-      auto* box = static_cast<QMessageBox*>(w);
+      auto* box = qobject_cast<QMessageBox*>(w);
+      ASSERT_NE(box, nullptr);
+      text = box->text();
+      title = box->windowTitle();
       icon = box->icon();
+      onTop = box->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+      EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
       box->button(QMessageBox::Ok)->click();
     });
-    prompts.MsgBox("x", flags, "t");
+    EXPECT_EQ(prompts.MsgBox("no files\xC3\xA8 chosen", flags, "error:"), kAnswerOk);
+    EXPECT_EQ(text, QString::fromUtf8("no files\xC3\xA8 chosen"));
+    EXPECT_EQ(title, "error:");
     EXPECT_EQ(icon, expected) << flags;
+    if (flags & kSystemModal) {
+      EXPECT_TRUE(onTop);
+    }
+    EXPECT_EQ(QtPrompts::OpenDialog(), nullptr);
   }
 }
 

@@ -24,6 +24,9 @@ struct SnapCase {
   double wantLeft, wantTop;
 };
 
+// The case's name stands for it in test listings and failures, not its bytes.
+void PrintTo(const SnapCase& c, std::ostream* os) { *os << c.name; }
+
 class SnapTest : public testing::TestWithParam<SnapCase> {};
 
 TEST_P(SnapTest, LandsWhereTheBandPullsIt) {
