@@ -7,6 +7,7 @@
 #include <chrono>
 #include <ctime>
 
+#include "app/core/qt_glue.h"
 #include "base/pump.h"
 
 namespace {
@@ -44,9 +45,10 @@ void BM_PauseWithQtPump(benchmark::State& state) {
   QCoreApplication app(argc, argv);
   QTimer tick;
   tick.start(50);
-  qc::SetEventProcessor([] { QCoreApplication::processEvents(QEventLoop::AllEvents); });
+  qc::InstallQtPump();
   MeasurePause(state);
   qc::SetEventProcessor(nullptr);
+  qc::SetEventWaiter(nullptr);
 }
 
 }  // namespace

@@ -49,8 +49,8 @@ class PauseSumClock : public qc::Clock {
  public:
   float Timer() override { return static_cast<float>(now_); }
   double Now() override { return now_; }
-  void Rest(double upTo) override {
-    if (upTo != 0.001) now_ += upTo;
+  void IdleUntil(double until) override {
+    if (until - now_ != qc::kIdlePassSeconds) now_ = until;
   }
   double now_ = 1.0;  // near midnight the single-precision timer is finest
 };

@@ -1,9 +1,15 @@
 #include "app/core/qt_glue.h"
 
 #include <QCoreApplication>
+#include <QPointer>
+#include <QTimer>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <thread>
 #include <vector>
 
 #include "app/core/list_box.h"
@@ -31,6 +37,28 @@ QString ToLf(const std::string& text) {
 
 void InstallQtPump() {
   SetEventProcessor([] { QCoreApplication::processEvents(QEventLoop::AllEvents); });
+  SetEventWaiter(WaitForQtEvents);
+}
+
+void WaitForQtEvents(double seconds) {
+  QCoreApplication* app = QCoreApplication::instance();
+  if (!app) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+    return;
+  }
+  // One timer, owned by the application, wakes the loop at the deadline.
+  static QPointer<QTimer> wake;
+  if (!wake) {
+    wake = new QTimer(app);
+    wake->setSingleShot(true);
+    wake->setTimerType(Qt::PreciseTimer);
+  }
+  // Up to the next whole millisecond, so that the wait does not end just short of it; a long
+  // wait is taken in pieces (the caller idles again).
+  const double ms = std::min(std::ceil(seconds * 1000), 3600.0 * 1000);
+  wake->start(std::chrono::milliseconds(static_cast<long long>(ms)));
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  wake->stop();
 }
 
 std::string BoxText(const QWidget* box) {
