@@ -4,6 +4,7 @@
 #include <QLockFile>
 #include <QTimer>
 #include <cstdlib>
+#include <vector>
 
 #include "app/chat.h"
 #include "app/core/qt_glue.h"
@@ -160,12 +161,15 @@ void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
 }
 
 void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
-  for (const char* item : kOptionItems)
-    SaveSetting(kAppName, kOptionsSection, FlagKey(item), FlagText(frmMenu.check(item)));
-  SaveSetting(kAppName, kOptionsSection, "mbs", frmMain.lblMBs->Caption());
-  SaveSetting(kAppName, kOptionsSection, "ups", frmMain.lblUps->Caption());
-  SaveSetting(kAppName, kOptionsSection, "handle", frmMenu.lblHandle->Caption());
-  SaveSetting(kAppName, kOptionsSection, "rename", frmMenu.lblRename->Caption());
+  // One write of the store for all thirteen keys: the exit ends the program at once after it,
+  // and a kill in the midst leaves the last start's values or all the new ones.
+  std::vector<SettingValue> values;
+  for (const char* item : kOptionItems) values.push_back({FlagKey(item), FlagText(frmMenu.check(item))});
+  values.push_back({"mbs", frmMain.lblMBs->Caption()});
+  values.push_back({"ups", frmMain.lblUps->Caption()});
+  values.push_back({"handle", frmMenu.lblHandle->Caption()});
+  values.push_back({"rename", frmMenu.lblRename->Caption()});
+  SaveSettings(kAppName, kOptionsSection, values);
 }
 
 void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu) {
