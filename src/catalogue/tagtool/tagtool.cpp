@@ -1,7 +1,17 @@
-// quillcast-tag: the program's ID3v1 codec on the command line, for users who script.
+#include "catalogue/tagtool/tagtool.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,10 +21,11 @@
 #include "catalogue/codec/id3v1.h"
 #include "mail/text/text_files.h"
 
+namespace qc::tagtool {
 namespace {
 
 constexpr const char* kUsage =
-    "usage: quillcast-tag show FILE...\n"
+    "usage: quillcast-tag show [-r] [--files-from LIST] FILE...\n"
     "       quillcast-tag write FILE [--title T] [--artist A] [--album B] [--year Y]\n"
     "                                [--comment C] [--genre G]\n"
     "       quillcast-tag genres\n"
@@ -22,7 +33,8 @@ constexpr const char* kUsage =
     "Reads and writes the ID3v1 tag (the last 128 bytes of an MP3 file) the way quill cast does.\n"
     "\n"
     "show    one JSON object per file and line: path, has_tag, title, artist, album, year,\n"
-    "        comment, genre\n"
+    "        comment, genre; paths also from standard input (-) or a list file, and the\n"
+    "        .mp3 files under folders with -r\n"
     "write   writes a tag over the file's last 128 bytes; fields not given keep what the file\n"
     "        has. Genre names are looked up as the program does: the first genre whose name\n"
     "        contains the text wins (\"Rock\" is written as Classic Rock), unknown gives Blues.\n"
@@ -32,9 +44,15 @@ constexpr const char* kUsage =
     "Every command takes --help. Errors go to standard error with exit status 1.\n";
 
 constexpr const char* kShowUsage =
-    "usage: quillcast-tag show FILE...\n"
+    "usage: quillcast-tag show [-r] [--files-from LIST] FILE...\n"
     "Prints one JSON object per file and line with the keys path, has_tag, title, artist,\n"
-    "album, year, comment and genre. Control characters are written as \\u00XX escapes.\n";
+    "album, year, comment and genre. Control characters are written as \\u00XX escapes.\n"
+    "\n"
+    "-                    read paths from standard input, one a line\n"
+    "--files-from LIST    read paths from the file LIST, one a line (- for standard input)\n"
+    "-r, --recursive      a FOLDER stands for every .mp3 file under it, in name order;\n"
+    "                     hidden files and folders are left out\n"
+    "--                   every later argument is a FILE\n";
 
 constexpr const char* kWriteUsage =
     "usage: quillcast-tag write FILE [--title T] [--artist A] [--album B] [--year Y]\n"
@@ -118,53 +136,212 @@ std::string FailureMessage(const qc::RuntimeFailure& failure) {
   return failure.text() + " (run-time error " + std::to_string(failure.number()) + ")";
 }
 
-int Show(const std::vector<std::string>& args) {
+// One JSON line for a tag as the codec reads it.
+void AppendJson(std::string& out, const std::string& path, bool hasTag, const qc::Id3Tag& tag) {
+  out += "{\"path\":" + JsonString(path) + ",\"has_tag\":" + (hasTag ? "true" : "false") +
+         ",\"title\":" + JsonString(tag.title) + ",\"artist\":" + JsonString(tag.artist) +
+         ",\"album\":" + JsonString(tag.album) + ",\"year\":" + JsonString(tag.year) +
+         ",\"comment\":" + JsonString(tag.comment) + ",\"genre\":" + JsonString(tag.genre) +
+         "}\n";
+}
+
+// What the codec's HasId3Tag and ReadId3Tag give, from one open and one read: the file is a
+// normal, not hidden file (FileExists), at least a block long, and its last 128 bytes are read
+// once; has_tag also needs a dot somewhere in the path. `at` is a folder to open relative to
+// (AT_FDCWD for the working folder), `name` the path from there.
+void ShowOne(std::string& out, const std::string& path, int at, const std::string& name) {
+  const std::size_t slash = path.find_last_of('/');
+  const std::string base = slash == std::string::npos ? path : path.substr(slash + 1);
+  // Patterns match like the platform's directory search: the codec's own way.
+  if (base.find_first_of("*?") != std::string::npos) {
+    CheckFile(path);
+    const bool hasTag = qc::HasId3Tag(path);
+    AppendJson(out, path, hasTag, qc::ReadId3Tag(path));
+    return;
+  }
+  if (base.empty() || base[0] == '.' || path.find('\0') != std::string::npos) {
+    throw FileError{path, "no such file"};
+  }
+  // Not blocking on a pipe or device that turns out not to be a normal file.
+  const int fd = ::openat(at, name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (fd < 0) {
+    struct stat st {};
+    const bool exists = ::fstatat(at, name.c_str(), &st, 0) == 0 && S_ISREG(st.st_mode);
+    throw FileError{path, exists ? "cannot be opened for reading" : "no such file"};
+  }
+  struct Closer {
+    int fd;
+    ~Closer() { ::close(fd); }
+  } closer{fd};
+  struct stat st {};
+  if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) throw FileError{path, "no such file"};
+  if (st.st_size < 128) {
+    throw FileError{path, "shorter than 128 bytes (" + std::to_string(st.st_size) +
+                              "), no room for a tag"};
+  }
+  qc::TagBlock block{};
+  if (::pread(fd, block.data(), block.size(), st.st_size - 128) !=
+      static_cast<ssize_t>(block.size())) {
+    qc::RaiseFailure(qc::kPathFileAccessError);
+  }
+  const bool hasTag = path.find('.') != std::string::npos && qc::BlockHasTag(block);
+  AppendJson(out, path, hasTag, qc::ParseTagBlock(block));
+}
+
+bool IsMp3Name(const std::string& name) {
+  if (name.size() < 4) return false;
+  std::string ext = name.substr(name.size() - 4);
+  std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char c) { return std::tolower(c); });
+  return ext == ".mp3";
+}
+
+// The .mp3 files under a folder, in name order, folders after the files beside them.
+class Walker {
+ public:
+  Walker(std::string& out, std::ostream& outStream, std::ostream& err, int& status)
+      : out_(out), outStream_(outStream), err_(err), status_(status) {}
+
+  void Folder(const std::string& path, int at, const std::string& name) {
+    const int fd = ::openat(at, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) {
+      Report(path, "folder cannot be read");
+      return;
+    }
+    std::unique_ptr<DIR, int (*)(DIR*)> dir(::fdopendir(fd), ::closedir);
+    if (!dir) {
+      ::close(fd);
+      Report(path, "folder cannot be read");
+      return;
+    }
+    std::vector<std::string> files, folders;
+    while (const dirent* e = ::readdir(dir.get())) {
+      const std::string entry = e->d_name;
+      if (entry.empty() || entry[0] == '.') continue;
+      unsigned char type = e->d_type;
+      if (type == DT_UNKNOWN || type == DT_LNK) {
+        struct stat st {};
+        if (::fstatat(fd, entry.c_str(), &st, 0) != 0) continue;
+        type = S_ISDIR(st.st_mode) ? DT_DIR : S_ISREG(st.st_mode) ? DT_REG : DT_UNKNOWN;
+      }
+      if (type == DT_DIR) folders.push_back(entry);
+      if (type == DT_REG && IsMp3Name(entry)) files.push_back(entry);
+    }
+    std::sort(files.begin(), files.end());
+    std::sort(folders.begin(), folders.end());
+    const std::string prefix = path.empty() || path.back() == '/' ? path : path + "/";
+    for (const auto& f : files) File(prefix + f, fd, f);
+    for (const auto& f : folders) Folder(prefix + f, fd, f);
+  }
+
+  void File(const std::string& path, int at, const std::string& name) {
+    try {
+      ShowOne(out_, path, at, name);
+      if (out_.size() >= 64 * 1024) Flush();
+    } catch (const FileError& e) {
+      Report(e.path, e.message);
+    } catch (const qc::RuntimeFailure& f) {
+      Report(path, FailureMessage(f));
+    }
+  }
+
+  void Flush() {
+    outStream_.write(out_.data(), static_cast<std::streamsize>(out_.size()));
+    out_.clear();
+  }
+
+ private:
+  void Report(const std::string& path, const std::string& message) {
+    Flush();
+    outStream_.flush();
+    err_ << "quillcast-tag: " << path << ": " << message << "\n";
+    status_ = 1;
+  }
+
+  std::string& out_;
+  std::ostream& outStream_;
+  std::ostream& err_;
+  int& status_;
+};
+
+// Paths one a line; a Windows line end is taken off, empty lines are skipped.
+void ReadPaths(std::istream& in, std::vector<std::string>& into) {
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (!line.empty()) into.push_back(line);
+  }
+}
+
+int Show(const std::vector<std::string>& args, std::istream& in, std::ostream& out,
+         std::ostream& err) {
   if (IsHelp(args)) {
-    std::cout << kShowUsage;
+    out << kShowUsage;
     return 0;
   }
-  for (const auto& a : args) {
-    if (a.size() > 1 && a[0] == '-' && a != "--") throw UsageError{"unknown option '" + a + "'"};
-  }
-  std::vector<std::string> files;
+  bool recursive = false;
+  std::vector<std::string> lists;
+  std::vector<std::string> named;  // in order; "-" stands for standard input
   bool optionsEnd = false;
-  for (const auto& a : args) {
-    if (a == "--" && !optionsEnd) {
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    const std::string& a = args[i];
+    if (optionsEnd || a == "-" || a.size() < 2 || a[0] != '-') {
+      named.push_back(a);
+    } else if (a == "--") {
       optionsEnd = true;
-      continue;
+    } else if (a == "-r" || a == "--recursive") {
+      recursive = true;
+    } else if (a == "--files-from") {
+      if (i + 1 >= args.size()) throw UsageError{"option '" + a + "' needs a value"};
+      lists.push_back(args[++i]);
+    } else if (a.rfind("--files-from=", 0) == 0) {
+      lists.push_back(a.substr(13));
+    } else {
+      throw UsageError{"unknown option '" + a + "'"};
     }
-    files.push_back(a);
   }
-  if (files.empty()) throw UsageError{"show needs at least one FILE"};
+  if (named.empty() && lists.empty()) throw UsageError{"show needs at least one FILE"};
+
+  // Lists first, in the order given, then the paths of the command line.
+  std::vector<std::string> paths;
+  bool stdinTaken = false;
+  auto readList = [&](const std::string& list) {
+    if (list == "-") {
+      if (!stdinTaken) ReadPaths(in, paths);
+      stdinTaken = true;
+      return;
+    }
+    std::ifstream file(list);
+    if (!file) throw FileError{list, "list cannot be read"};
+    ReadPaths(file, paths);
+  };
+  for (const auto& list : lists) readList(list);
+  for (const auto& a : named) {
+    if (a == "-" && !optionsEnd) {
+      readList("-");
+    } else {
+      paths.push_back(a);
+    }
+  }
+
   int status = 0;
-  for (const auto& path : files) {
-    try {
-      CheckFile(path);
-      const bool hasTag = qc::HasId3Tag(path);
-      const qc::Id3Tag tag = qc::ReadId3Tag(path);
-      std::cout << "{\"path\":" << JsonString(path)
-                << ",\"has_tag\":" << (hasTag ? "true" : "false")
-                << ",\"title\":" << JsonString(tag.title)
-                << ",\"artist\":" << JsonString(tag.artist)
-                << ",\"album\":" << JsonString(tag.album) << ",\"year\":" << JsonString(tag.year)
-                << ",\"comment\":" << JsonString(tag.comment)
-                << ",\"genre\":" << JsonString(tag.genre) << "}\n";
-    } catch (const FileError& e) {
-      std::cout.flush();
-      std::cerr << "quillcast-tag: " << e.path << ": " << e.message << "\n";
-      status = 1;
-    } catch (const qc::RuntimeFailure& f) {
-      std::cout.flush();
-      std::cerr << "quillcast-tag: " << path << ": " << FailureMessage(f) << "\n";
-      status = 1;
+  std::string buffer;
+  Walker walker(buffer, out, err, status);
+  for (const auto& path : paths) {
+    if (recursive) {
+      struct stat st {};
+      if (::stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) {
+        walker.Folder(path, AT_FDCWD, path);
+        continue;
+      }
     }
+    walker.File(path, AT_FDCWD, path);
   }
+  walker.Flush();
   return status;
 }
 
-int Write(const std::vector<std::string>& args) {
+int Write(const std::vector<std::string>& args, std::ostream& out) {
   if (IsHelp(args)) {
-    std::cout << kWriteUsage;
+    out << kWriteUsage;
     return 0;
   }
   static const char* const kFields[] = {"title", "artist", "album", "year", "comment", "genre"};
@@ -209,45 +386,47 @@ int Write(const std::vector<std::string>& args) {
   return 0;
 }
 
-int Genres(const std::vector<std::string>& args) {
+int Genres(const std::vector<std::string>& args, std::ostream& out) {
   if (IsHelp(args)) {
-    std::cout << kGenresUsage;
+    out << kGenresUsage;
     return 0;
   }
   if (!args.empty()) throw UsageError{"genres takes no arguments"};
   for (int g = 0; g < qc::kGenreCount; ++g) {
-    std::cout << g << '\t' << qc::GenreNameOf(static_cast<unsigned>(g)) << '\n';
+    out << g << '\t' << qc::GenreNameOf(static_cast<unsigned>(g)) << '\n';
   }
   return 0;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  const std::vector<std::string> all(argv + 1, argv + argc);
+int Run(const std::vector<std::string>& all, std::istream& in, std::ostream& out,
+        std::ostream& err) {
   if (all.empty()) {
-    std::cerr << kUsage;
+    err << kUsage;
     return 1;
   }
   const std::string& command = all[0];
   const std::vector<std::string> rest(all.begin() + 1, all.end());
   try {
     if (command == "--help" || command == "-h" || command == "help") {
-      std::cout << kUsage;
+      out << kUsage;
       return 0;
     }
-    if (command == "show") return Show(rest);
-    if (command == "write") return Write(rest);
-    if (command == "genres") return Genres(rest);
+    if (command == "show") return Show(rest, in, out, err);
+    if (command == "write") return Write(rest, out);
+    if (command == "genres") return Genres(rest, out);
     throw UsageError{"unknown command '" + command + "'"};
   } catch (const UsageError& e) {
-    std::cerr << "quillcast-tag: " << e.message << "\n"
-              << "try 'quillcast-tag --help'\n";
+    err << "quillcast-tag: " << e.message << "\n"
+        << "try 'quillcast-tag --help'\n";
   } catch (const FileError& e) {
-    std::cerr << "quillcast-tag: " << e.path << ": " << e.message << "\n";
+    err << "quillcast-tag: " << e.path << ": " << e.message << "\n";
   } catch (const qc::RuntimeFailure& f) {
-    std::cerr << "quillcast-tag: " << (rest.empty() ? command : rest[0]) << ": "
-              << FailureMessage(f) << "\n";
+    err << "quillcast-tag: " << (rest.empty() ? command : rest[0]) << ": " << FailureMessage(f)
+        << "\n";
   }
   return 1;
 }
+
+}  // namespace qc::tagtool
