@@ -8,14 +8,13 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <streambuf>
 #include <string>
 #include <vector>
 
 #include "catalogue/tagtool/tagtool.h"
+#include "tag_corpus.h"
 
 #ifdef QC_HAVE_TAGLIB
 #include <taglib/id3v1tag.h>
@@ -24,43 +23,11 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-constexpr int kFiles = 10000;
-constexpr off_t kAudio = 2048;
+constexpr int kFiles = qc::bench::TagCorpus::kFiles;
+constexpr off_t kAudio = qc::bench::TagCorpus::kAudioBytes;
 
-class Corpus {
- public:
-  Corpus() : dir_(fs::temp_directory_path() / ("qc_bench_tagtool_" + std::to_string(::getpid()))) {
-    fs::create_directories(dir_);
-    std::string tag = "TAG";
-    for (const char* field : {"A Title", "An Artist", "An Album"}) {
-      std::string f = field;
-      f.resize(30, ' ');
-      tag += f;
-    }
-    tag += "1999" + std::string(30, ' ') + '\x11';
-    const std::string audio(kAudio, '\x55');
-    for (int i = 0; i < kFiles; ++i) {
-      paths_.push_back((dir_ / ("song" + std::to_string(i) + ".mp3")).string());
-      std::ofstream(paths_.back(), std::ios::binary) << audio << tag;
-      list_ += paths_.back() + "\n";
-    }
-  }
-  ~Corpus() {
-    std::error_code ec;
-    fs::remove_all(dir_, ec);
-  }
-  const std::vector<std::string>& paths() const { return paths_; }
-  const std::string& list() const { return list_; }
-
- private:
-  fs::path dir_;
-  std::vector<std::string> paths_;
-  std::string list_;
-};
-
-const Corpus& Files() {
-  static Corpus corpus;
+const qc::bench::TagCorpus& Files() {
+  static qc::bench::TagCorpus corpus("qc_bench_tagtool");
   return corpus;
 }
 

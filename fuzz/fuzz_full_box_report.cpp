@@ -9,6 +9,7 @@
 
 #include "client/address_list.h"
 #include "client/full_box.h"
+#include "fuzz_pieces.h"
 #include "mail/text/text.h"
 
 namespace {
@@ -30,14 +31,7 @@ class Addresses : public qc::AddressList {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string all(reinterpret_cast<const char*>(data), size);
-  std::vector<std::string> pieces;
-  for (std::size_t at = 0; at <= all.size() && pieces.size() < 17;) {
-    std::size_t end = all.find('\0', at);
-    if (end == std::string::npos) end = all.size();
-    pieces.push_back(all.substr(at, end - at));
-    at = end + 1;
-  }
+  const std::vector<std::string> pieces = Pieces(data, size, 17);
   const std::string report = pieces[0];
   Addresses list;
   list.items.assign(pieces.begin() + 1, pieces.end());

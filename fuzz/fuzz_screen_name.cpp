@@ -9,18 +9,12 @@
 
 #include "base/failure.h"
 #include "client/vocabulary.h"
+#include "fuzz_pieces.h"
 #include "client/window_routines.h"
 #include "sim/sim_desktop.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string all(reinterpret_cast<const char*>(data), size);
-  std::vector<std::string> captions;
-  for (std::size_t at = 0; at <= all.size() && captions.size() < 8;) {
-    std::size_t end = all.find('\0', at);
-    if (end == std::string::npos) end = all.size();
-    captions.push_back(all.substr(at, end - at));
-    at = end + 1;
-  }
+  const std::vector<std::string> captions = Pieces(data, size, 8);
   qc::sim::SimDesktop desktop;
   desktop.SetTraceLimit(0);
   const qc::Hwnd frame = desktop.NewWindow(0, qc::aol::kFrameClass, qc::aol::kFrameCaption);

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "catalogue/tagtool/tagtool.h"
+#include "fuzz_pieces.h"
 
 namespace {
 
@@ -43,13 +44,7 @@ void Prepare() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string all(reinterpret_cast<const char*>(data), size);
   if (all.find('/') != std::string::npos || all.find("..") != std::string::npos) return 0;
-  std::vector<std::string> pieces;
-  for (std::size_t at = 0; at <= all.size() && pieces.size() < 12;) {
-    std::size_t end = all.find('\0', at);
-    if (end == std::string::npos) end = all.size();
-    pieces.push_back(all.substr(at, end - at));
-    at = end + 1;
-  }
+  const std::vector<std::string> pieces = Pieces(data, size, 12);
   Prepare();
   std::istringstream in(pieces[0]);
   std::ostringstream out, err;

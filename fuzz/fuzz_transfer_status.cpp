@@ -4,24 +4,17 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "app/chat.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "client/vocabulary.h"
 #include "client/window_system.h"
+#include "fuzz_pieces.h"
 #include "sim/sim_desktop.h"
 
 namespace {
-
-std::string Take(const std::string& all, std::size_t& pos) {
-  if (pos > all.size()) return {};
-  std::size_t end = all.find('\0', pos);
-  if (end == std::string::npos) end = all.size();
-  std::string part = all.substr(pos, end - pos);
-  pos = end + 1;
-  return part;
-}
 
 // What the platform's numeric test lets through is made of these characters only.
 bool NumberOrMark(const std::string& s) {
@@ -31,11 +24,11 @@ bool NumberOrMark(const std::string& s) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string all(reinterpret_cast<const char*>(data), size);
-  std::size_t pos = 0;
-  const std::string title = Take(all, pos);
-  const std::string fileLine = Take(all, pos);
-  const std::string amountLine = Take(all, pos);
+  std::vector<std::string> texts = Pieces(data, size, 3);
+  texts.resize(3);
+  const std::string& title = texts[0];
+  const std::string& fileLine = texts[1];
+  const std::string& amountLine = texts[2];
 
   qc::sim::SimDesktop desktop;
   desktop.SetTraceLimit(0);
