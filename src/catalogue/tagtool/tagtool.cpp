@@ -75,9 +75,9 @@ struct FileError {
 
 // Escapes for a JSON string: quote, backslash, and every control character (C0, DEL and the C1
 // range that unassigned Windows-1252 bytes read as) as \u00XX.
-std::string JsonString(std::string_view text) {
+void AppendJsonString(std::string& out, std::string_view text) {
   static const char* hex = "0123456789abcdef";
-  std::string out = "\"";
+  out += '"';
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto c = static_cast<unsigned char>(text[i]);
     unsigned code = 0x100;  // not a control character
@@ -102,7 +102,7 @@ std::string JsonString(std::string_view text) {
       out += static_cast<char>(c);
     }
   }
-  return out + "\"";
+  out += '"';
 }
 
 bool IsHelp(const std::vector<std::string>& args) {
@@ -138,11 +138,19 @@ std::string FailureMessage(const qc::RuntimeFailure& failure) {
 
 // One JSON line for a tag as the codec reads it.
 void AppendJson(std::string& out, const std::string& path, bool hasTag, const qc::Id3Tag& tag) {
-  out += "{\"path\":" + JsonString(path) + ",\"has_tag\":" + (hasTag ? "true" : "false") +
-         ",\"title\":" + JsonString(tag.title) + ",\"artist\":" + JsonString(tag.artist) +
-         ",\"album\":" + JsonString(tag.album) + ",\"year\":" + JsonString(tag.year) +
-         ",\"comment\":" + JsonString(tag.comment) + ",\"genre\":" + JsonString(tag.genre) +
-         "}\n";
+  // Appended piece by piece: thousands of lines are built into one buffer.
+  out += "{\"path\":";
+  AppendJsonString(out, path);
+  out += hasTag ? ",\"has_tag\":true" : ",\"has_tag\":false";
+  const std::pair<const char*, const std::string*> fields[] = {
+      {",\"title\":", &tag.title},     {",\"artist\":", &tag.artist},
+      {",\"album\":", &tag.album},     {",\"year\":", &tag.year},
+      {",\"comment\":", &tag.comment}, {",\"genre\":", &tag.genre}};
+  for (const auto& [key, value] : fields) {
+    out += key;
+    AppendJsonString(out, *value);
+  }
+  out += "}\n";
 }
 
 // What the codec's HasId3Tag and ReadId3Tag give, from one open and one read: the file is a
@@ -151,9 +159,10 @@ void AppendJson(std::string& out, const std::string& path, bool hasTag, const qc
 // (AT_FDCWD for the working folder), `name` the path from there.
 void ShowOne(std::string& out, const std::string& path, int at, const std::string& name) {
   const std::size_t slash = path.find_last_of('/');
-  const std::string base = slash == std::string::npos ? path : path.substr(slash + 1);
+  const std::string_view base =
+      slash == std::string::npos ? std::string_view(path) : std::string_view(path).substr(slash + 1);
   // Patterns match like the platform's directory search: the codec's own way.
-  if (base.find_first_of("*?") != std::string::npos) {
+  if (base.find_first_of("*?") != std::string_view::npos) {
     CheckFile(path);
     const bool hasTag = qc::HasId3Tag(path);
     AppendJson(out, path, hasTag, qc::ReadId3Tag(path));
