@@ -20,26 +20,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// User and system time of a process, in seconds.
+// CPU time of all threads of a process, in seconds, from the scheduler's nanosecond counts.
 double CpuSeconds(pid_t pid) {
-  std::ifstream in("/proc/" + std::to_string(pid) + "/stat");
-  std::string stat((std::istreambuf_iterator<char>(in)), {});
-  // Fields after the command's closing parenthesis; utime and stime are the 14th and 15th.
-  std::size_t at = stat.rfind(')');
-  if (at == std::string::npos) return -1;
-  std::vector<std::string> fields;
-  std::string field;
-  for (char c : stat.substr(at + 2)) {
-    if (c == ' ') {
-      fields.push_back(field);
-      field.clear();
-    } else {
-      field += c;
+  const fs::path tasks = "/proc/" + std::to_string(pid) + "/task";
+  std::error_code ec;
+  double total = 0;
+  bool any = false;
+  for (const auto& task : fs::directory_iterator(tasks, ec)) {
+    std::ifstream in(task.path() / "schedstat");
+    double ns = 0;
+    if (in >> ns) {
+      total += ns / 1e9;
+      any = true;
     }
   }
-  if (fields.size() < 13) return -1;
-  const double ticks = static_cast<double>(::sysconf(_SC_CLK_TCK));
-  return (std::stod(fields[11]) + std::stod(fields[12])) / ticks;
+  return any ? total : -1;
 }
 
 void BM_IdleProgram(benchmark::State& state) {
