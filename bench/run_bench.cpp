@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 
+#include "app/core/qt_glue.h"
 #include "app/core/settings_store.h"
 #include "app/forms/frmmain.h"
 #include "app/forms/frmmenu.h"
@@ -143,7 +144,7 @@ BENCHMARK(BM_TaggingRun50)->Iterations(1)->UseManualTime()->Unit(benchmark::kSec
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
-  qc::SetEventProcessor([] { QCoreApplication::processEvents(); });
+  qc::InstallQtPump();  // as the program pumps and idles
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();

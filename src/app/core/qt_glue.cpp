@@ -53,9 +53,9 @@ void WaitForQtEvents(double seconds) {
     wake->setSingleShot(true);
     wake->setTimerType(Qt::PreciseTimer);
   }
-  // Up to the next whole millisecond, so that the wait does not end just short of it; a long
-  // wait is taken in pieces (the caller idles again).
-  const double ms = std::min(std::ceil(seconds * 1000), 3600.0 * 1000);
+  // Down to a whole millisecond: the caller sleeps the rest of a pause precisely, as it does any
+  // wait too short for the loop's timers. A long wait is taken in pieces.
+  const double ms = std::min(std::floor(seconds * 1000), 3600.0 * 1000);
   wake->start(std::chrono::milliseconds(static_cast<long long>(ms)));
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   wake->stop();
