@@ -46,6 +46,10 @@ RealClock& TheRealClock() {
   return c;
 }
 
+void Idle(Clock& clock, double until) {
+  if (until > clock.Now()) clock.IdleUntil(until);
+}
+
 }  // namespace
 
 void DoEvents() {
@@ -62,14 +66,6 @@ void DoEvents() {
     hook();
   }
 }
-
-namespace {
-
-void Idle(Clock& clock, double until) {
-  if (until > clock.Now()) clock.IdleUntil(until);
-}
-
-}  // namespace
 
 void WaitEvents() {
   DoEvents();
