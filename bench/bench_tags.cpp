@@ -5,50 +5,18 @@
 
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "codec/id3v1.h"
+#include "tag_corpus.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-constexpr int kFiles = 10000;
+constexpr int kFiles = qc::bench::TagCorpus::kFiles;
 
-class Corpus {
- public:
-  Corpus() : dir_(fs::temp_directory_path() / ("qc_bench_tags_" + std::to_string(::getpid()))) {
-    fs::create_directories(dir_);
-    std::string tag = "TAG";
-    for (const char* field : {"A Title", "An Artist", "An Album"}) {
-      std::string f = field;
-      f.resize(30, ' ');
-      tag += f;
-    }
-    tag += "1999";
-    tag += std::string(30, ' ');
-    tag += '\x11';
-    const std::string audio(2048, '\x55');
-    for (int i = 0; i < kFiles; ++i) {
-      paths_.push_back((dir_ / ("song" + std::to_string(i) + ".mp3")).string());
-      std::ofstream(paths_.back(), std::ios::binary) << audio << tag;
-    }
-  }
-  ~Corpus() {
-    std::error_code ec;
-    fs::remove_all(dir_, ec);
-  }
-  const std::vector<std::string>& paths() const { return paths_; }
-
- private:
-  fs::path dir_;
-  std::vector<std::string> paths_;
-};
-
-const Corpus& Files() {
-  static Corpus corpus;
+const qc::bench::TagCorpus& Files() {
+  static qc::bench::TagCorpus corpus("qc_bench_tags");
   return corpus;
 }
 

@@ -1,5 +1,6 @@
 #include "base/pump.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -17,8 +18,17 @@ std::function<void()>& EventProcessor() {
   return f;
 }
 
+std::function<void(double)>& EventWaiter() {
+  static std::function<void(double)> f;
+  return f;
+}
+
+struct Hook {
+  std::function<void()> run;
+  std::function<double()> nextWork;
+};
 struct Hooks {
-  std::map<PumpHookId, std::function<void()>> byId;
+  std::map<PumpHookId, Hook> byId;
   PumpHookId next = 1;
 };
 Hooks& TheHooks() {
@@ -26,12 +36,18 @@ Hooks& TheHooks() {
   return h;
 }
 
+constexpr double kShortestEventWait = 0.002;
+
 std::uint64_t gPumpCount = 0;
 Clock* gClock = nullptr;
 
 RealClock& TheRealClock() {
   static RealClock c;
   return c;
+}
+
+void Idle(Clock& clock, double until) {
+  if (until > clock.Now()) clock.IdleUntil(until);
 }
 
 }  // namespace
@@ -46,24 +62,38 @@ void DoEvents() {
   for (PumpHookId id : ids) {
     auto it = TheHooks().byId.find(id);
     if (it == TheHooks().byId.end()) continue;
-    auto hook = it->second;  // a copy: the hook may remove itself
+    auto hook = it->second.run;  // a copy: the hook may remove itself
     hook();
   }
 }
 
 void WaitEvents() {
   DoEvents();
-  CurrentClock().Rest(0.001);
+  Clock& clock = CurrentClock();
+  const double work = NextHookWork();
+  Idle(clock, work == kNoWork ? clock.Now() + kIdlePassSeconds : work);
 }
 
 void SetEventProcessor(std::function<void()> processPlatformEvents) {
   EventProcessor() = std::move(processPlatformEvents);
 }
 
-PumpHookId AddPumpHook(std::function<void()> hook) {
+void SetEventWaiter(std::function<void(double)> waitForEvents) {
+  EventWaiter() = std::move(waitForEvents);
+}
+
+PumpHookId AddPumpHook(std::function<void()> hook, std::function<double()> nextWork) {
   PumpHookId id = TheHooks().next++;
-  TheHooks().byId.emplace(id, std::move(hook));
+  TheHooks().byId.emplace(id, Hook{std::move(hook), std::move(nextWork)});
   return id;
+}
+
+double NextHookWork() {
+  double earliest = kNoWork;
+  for (auto& [id, hook] : TheHooks().byId) {
+    if (hook.nextWork) earliest = std::min(earliest, hook.nextWork());
+  }
+  return earliest;
 }
 
 void RemovePumpHook(PumpHookId id) { TheHooks().byId.erase(id); }
@@ -88,18 +118,22 @@ double RealClock::Now() {
   return duration_cast<duration<double>>(steady_clock::now().time_since_epoch()).count();
 }
 
-void RealClock::Rest(double upTo) {
-  // Short naps keep handlers within a couple of milliseconds while the core stays idle.
-  double nap = std::min(std::max(upTo, 0.0), 0.002);
-  if (nap > 0) std::this_thread::sleep_for(std::chrono::duration<double>(nap));
+void RealClock::IdleUntil(double until) {
+  const double left = until - Now();
+  if (left <= 0) return;
+  // The event loop's timers count whole milliseconds: a shorter idle is a plain sleep, which
+  // keeps the end of a pause on time and delays an event by less than that.
+  if (auto& wait = EventWaiter(); wait && left >= kShortestEventWait) {
+    wait(left);
+  } else {
+    std::this_thread::sleep_for(std::chrono::duration<double>(left));
+  }
 }
 
 float VirtualClock::Timer() { return static_cast<float>(std::fmod(now_, 86400.0)); }
 
-void VirtualClock::Rest(double upTo) {
-  double step = std::min(std::max(upTo, 0.0), maxStep_);
-  if (step <= 0) step = std::min(maxStep_, 0.001);
-  now_ += step;
+void VirtualClock::IdleUntil(double until) {
+  if (until > now_) now_ = std::min(until, now_ + maxStep_);
 }
 
 void Pause(double seconds) {
@@ -110,8 +144,8 @@ void Pause(double seconds) {
     if (!(elapsed < seconds)) return;
     DoEvents();
     // After a midnight wrap the difference is negative until the start time comes round again.
-    double left = seconds - elapsed;
-    clock.Rest(left);
+    const double left = seconds - elapsed;
+    Idle(clock, std::min(clock.Now() + left, NextHookWork()));
   }
 }
 

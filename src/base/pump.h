@@ -2,10 +2,13 @@
 // The one pump and the one clock.
 //
 // Everything runs on one thread. Waits pump pending events so that handlers keep running inside
-// them. The platform (Qt in the program) registers how its events are processed; cooperative parts
-// such as the simulated client register hooks that run after it on every pass.
+// them, and between pumps they sleep on the event loop until the next event, the next work a pump
+// hook announces, or their own deadline. The platform (Qt in the program) registers how its events
+// are processed and waited for; cooperative parts such as the simulated client register hooks
+// that run after it on every pass.
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 
 namespace qc {
@@ -13,15 +16,30 @@ namespace qc {
 // Processes pending platform events once, then runs every pump hook once. Never blocks.
 void DoEvents();
 
-// A pump pass of a wait loop: DoEvents, then lets the clock rest briefly so that a loop that
-// only looks for a window does not burn a core. Under a virtual clock, time moves on instead.
+// One pass of a wait loop: DoEvents, then idles on the event loop until a platform event comes or
+// a pump hook has work. When no hook announces any, the pass ends after kIdlePassSeconds, so a
+// loop that counts its passes (the re-press waits) still comes to its count. Under a virtual
+// clock, time moves on instead.
 void WaitEvents();
+inline constexpr double kIdlePassSeconds = 0.001;
 
 void SetEventProcessor(std::function<void()> processPlatformEvents);
+// Blocks until a platform event has been handled or `seconds` have gone by. Without one, idling
+// is a plain sleep.
+void SetEventWaiter(std::function<void(double seconds)> waitForEvents);
+
+// When a pump hook next has work, on the scale of Clock::Now(): kWorkNow for the next pump,
+// kNoWork for nothing until something else happens. A hook that looks at another process's
+// windows, which change without telling us, says "again in N ms" as Now() + N / 1000.
+inline constexpr double kWorkNow = -std::numeric_limits<double>::infinity();
+inline constexpr double kNoWork = std::numeric_limits<double>::infinity();
 
 using PumpHookId = int;
-PumpHookId AddPumpHook(std::function<void()> hook);
+// A hook without nextWork never wakes a wait.
+PumpHookId AddPumpHook(std::function<void()> hook, std::function<double()> nextWork = {});
 void RemovePumpHook(PumpHookId id);
+// The earliest work of any hook.
+double NextHookWork();
 
 // Number of DoEvents calls so far (also those made through WaitEvents and Pause).
 std::uint64_t PumpCount();
@@ -31,11 +49,11 @@ class Clock {
   virtual ~Clock() = default;
   // Seconds since midnight, single precision like the system timer; falls back to 0 at midnight.
   virtual float Timer() = 0;
-  // Seconds since an arbitrary origin, never wrapping (for the simulator's delays).
+  // Seconds since an arbitrary origin, never wrapping (for deadlines and the simulator's delays).
   virtual double Now() = 0;
-  // Called between pump passes of a wait that still has `upTo` seconds to go.
-  // A real clock idles the thread for a short while; a virtual clock advances.
-  virtual void Rest(double upTo) = 0;
+  // Between pump passes: idles until Now() reaches `until` or a platform event has been handled.
+  // A virtual clock moves on instead, by at most its step.
+  virtual void IdleUntil(double until) = 0;
 };
 
 // The clock in force. Defaults to the real clock.
@@ -47,17 +65,17 @@ class RealClock : public Clock {
  public:
   float Timer() override;
   double Now() override;
-  void Rest(double upTo) override;
+  void IdleUntil(double until) override;
 };
 
-// Advances only when waits rest, by at most `maxStep` seconds a pass; starts at `timeOfDay`.
+// Advances only when waits idle, by at most `maxStep` seconds a pass; starts at `timeOfDay`.
 class VirtualClock : public Clock {
  public:
   explicit VirtualClock(double timeOfDay = 12 * 3600.0, double maxStep = 0.01)
       : now_(timeOfDay), maxStep_(maxStep) {}
   float Timer() override;
   double Now() override { return now_; }
-  void Rest(double upTo) override;
+  void IdleUntil(double until) override;
   void Advance(double seconds) { now_ += seconds; }
   void SetMaxStep(double s) { maxStep_ = s; }
 

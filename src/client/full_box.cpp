@@ -69,16 +69,19 @@ std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()
   ws.SendMessageA(no, aol::kWmKeyUp, aol::kKeySpace, LParam::Word(zero));
   DoEvents();
 
-  // Only the report is folded and stripped: an item with a capital or a blank is never found.
   if (reachedRemoval) *reachedRemoval = true;
-  report = LowerCase(report);
+  return RemoveReported(report, pick());
+}
+
+std::string RemoveReported(const std::string& report, AddressList& list) {
+  // Only the report is folded and stripped: an item with a capital or a blank is never found.
+  const std::string folded = LowerCase(report);
   std::string removed;
-  AddressList& list = pick();
   const int last = list.Count() - 1;
   for (int i = 0; i <= last; ++i) {
     if (!(i < list.Count())) break;
     const std::string item = list.Item(i);
-    if (InStr(report, item + "-") > 0) {
+    if (InStr(folded, item + "-") > 0) {
       removed += " - " + item + "\r";
       list.Remove(i);
       --i;

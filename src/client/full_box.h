@@ -16,6 +16,10 @@ namespace qc {
 // early, with nothing to tell the user, on generation 2 and when the client has gone.
 std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()>& pick,
                             bool* reachedRemoval = nullptr);
+// The removal on the client's error report (blanks already stripped): every item that the
+// lower-cased report holds followed by "-" goes; the walk ends at the count the list had when it
+// began. Returns " - " + address + CR for each removed one.
+std::string RemoveReported(const std::string& report, AddressList& list);
 // The run's check on its send list: silent, the removed text is dropped.
 void CheckFullBoxes(WindowSystem& ws, AddressList& list);
 

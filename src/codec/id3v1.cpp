@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "base/failure.h"
+#include "base/replace_file.h"
 #include "codec/cp1252.h"
 #include "codec/genres.h"
 #include "text/text_files.h"
@@ -59,6 +60,34 @@ class Fd {
  private:
   int fd_;
 };
+
+// The first `length` bytes of `from` onto the end of `to`: in the kernel where it can, by reads
+// and writes where it cannot.
+void CopyBytes(int from, int to, off_t length) {
+  off_t at = 0;
+  while (at < length) {
+    const ssize_t n = ::copy_file_range(from, &at, to, nullptr, static_cast<std::size_t>(length - at), 0);
+    if (n > 0) continue;
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0 && errno != ENOSYS && errno != EXDEV && errno != EINVAL && errno != EOPNOTSUPP) {
+      RaiseFailure(kPathFileAccessError);
+    }
+    break;  // the rest the plain way
+  }
+  char buffer[64 * 1024];
+  while (at < length) {
+    const ssize_t got = ::pread(from, buffer, static_cast<std::size_t>(std::min<off_t>(sizeof buffer, length - at)), at);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) RaiseFailure(kPathFileAccessError);
+    for (ssize_t done = 0; done < got;) {
+      const ssize_t put = ::write(to, buffer + done, static_cast<std::size_t>(got - done));
+      if (put < 0 && errno == EINTR) continue;
+      if (put <= 0) RaiseFailure(kPathFileAccessError);
+      done += put;
+    }
+    at += got;
+  }
+}
 
 void CheckPath(const std::string& path) {
   if (path.find('\0') != std::string::npos) RaiseFailure(kBadFileNameOrNumber);
@@ -130,10 +159,22 @@ void WriteId3Tag(const std::string& path, const std::string& title, const std::s
   if ((st.st_mode & S_IWUSR) == 0 && ::chmod(path.c_str(), (st.st_mode & 07777) | S_IWUSR) != 0) {
     RaiseFailure(kPathFileAccessError);
   }
+  // Opened for writing, as a file without rights or locked must still fail here.
   Fd fd(path, O_RDWR);
-  off_t at = fd.BlockOffset();
-  ssize_t put = ::pwrite(fd.get(), block.data(), block.size(), at);
-  if (put != static_cast<ssize_t>(block.size())) RaiseFailure(kPathFileAccessError);
+  const off_t at = fd.BlockOffset();
+  // The new file is built beside the old one and takes its place whole, so that a kill in the
+  // midst leaves the old tag or the new one.
+  FileReplacement out(path, /*addWrite=*/true, /*truncate=*/false);
+  const std::string_view bytes(reinterpret_cast<const char*>(block.data()), block.size());
+  if (out.inPlace()) {
+    if (::pwrite(out.fd(), bytes.data(), bytes.size(), at) != static_cast<ssize_t>(bytes.size())) {
+      RaiseFailure(kPathFileAccessError);
+    }
+  } else {
+    CopyBytes(fd.get(), out.fd(), at);
+    out.Write(bytes);
+  }
+  out.Commit();
 }
 
 }  // namespace qc

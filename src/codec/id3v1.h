@@ -37,7 +37,8 @@ bool HasId3Tag(const std::string& path);
 Id3Tag ReadId3Tag(const std::string& path);
 
 // Writes a block over the file's last 128 bytes: never appends, never looks at what stood there.
-// A missing file is left alone without a word. The file loses its read-only mark for good.
+// A missing file is left alone without a word. The file loses its read-only mark for good. The
+// new file replaces the old one whole, so a kill in the midst leaves one or the other.
 void WriteId3Tag(const std::string& path, const std::string& title, const std::string& artist,
                  const std::string& album, const std::string& year, const std::string& comment,
                  const std::string& genre);

@@ -16,6 +16,7 @@
 #include "client/window_routines.h"
 #include "client/window_system.h"
 #include "mail/mail_editors.h"
+#include "text/address_entry.h"
 #include "text/text.h"
 
 namespace qc {
@@ -37,11 +38,18 @@ void UseSmallFont(QWidget* w) {
   w->setFont(f);
 }
 
-std::string TrimBlanks(const std::string& s) {
-  const auto b = s.find_first_not_of(' ');
-  if (b == std::string::npos) return {};
-  return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
+// A list control as the address entry sees it.
+class ListBoxEntries : public EntryList {
+ public:
+  explicit ListBoxEntries(ListBox& list) : list_(list) {}
+  long long Count() const override { return list_.ListCount(); }
+  std::string Item(long long index) const override { return list_.List(index); }
+  void Add(const std::string& item) override { list_.AddItem(item); }
+  void MakeCurrent(long long index) override { list_.SetListIndex(index); }
+
+ private:
+  ListBox& list_;
+};
 
 }  // namespace
 
@@ -179,54 +187,10 @@ void FrmEmailto::ShowList(bool member) {
 void FrmEmailto::EntryKey(EntryBox* box, int character) {
   if (character != 13) return;
   const bool member = box == txtMember;
-  ListBox& list = member ? *lstMember : *lstUpload;
-
-  std::string entry = LowerCase(StripBlanks(FromQ(box->text())));
+  const std::string typed = FromQ(box->text());
   box->setText(QString());
-  if (entry.empty()) return;
-  if (InStr(entry, "(") != 0 || InStr(entry, ")") != 0) {
-    ReplaceAll(entry, ")(", ",");
-    ReplaceAll(entry, "(", "");
-    ReplaceAll(entry, ")", "");
-  }
-
-  if (InStr(entry, ",") == 0) {
-    for (long long i = 0; i < list.ListCount(); ++i) {
-      if (list.List(i) == entry) {
-        list.SetListIndex(i);
-        return;
-      }
-    }
-    list.AddItem(entry);
-    for (long long i = 0; i < list.ListCount(); ++i) {
-      if (list.List(i) == entry) {
-        list.SetListIndex(i);
-        break;
-      }
-    }
-    return;
-  }
-
-  std::string rest = entry + ",";
-  ReplaceAll(rest, ",,", "");
-  if (member) {
-    // No guard: a rest shorter than two characters asks for position 0 or -1 and fails.
-    const long long at = static_cast<long long>(rest.size()) - 1;
-    if (Mid(rest, at, 1) != ",") rest += ",";
-  }
-  while (!TrimBlanks(rest).empty()) {
-    const std::string item = TextBefore(rest, ",");
-    rest = TextAfter(rest, ",");
-    if (item.empty()) continue;
-    bool listed = false;
-    for (long long i = 0; i < list.ListCount(); ++i) {
-      if (list.List(i) == item) {
-        listed = true;
-        break;
-      }
-    }
-    if (!listed) list.AddItem(item);
-  }
+  ListBoxEntries list(member ? *lstMember : *lstUpload);
+  EnterAddresses(typed, member, list);
 }
 
 void FrmEmailto::EntryChanged(EntryBox* box) {

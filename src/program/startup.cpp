@@ -4,6 +4,7 @@
 #include <QLockFile>
 #include <QTimer>
 #include <cstdlib>
+#include <vector>
 
 #include "run/chat.h"
 #include "ui/qt_glue.h"
@@ -158,11 +159,16 @@ void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
 }
 
 void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
-  for (Option item : kOptions) WriteSetting(FlagSetting(item), FlagText(frmMenu.check(item)));
-  WriteSetting(Setting::kMbs, frmMain.lblMBs->Caption());
-  WriteSetting(Setting::kUps, frmMain.lblUps->Caption());
-  WriteSetting(Setting::kHandle, frmMenu.lblHandle->Caption());
-  WriteSetting(Setting::kRename, frmMenu.lblRename->Caption());
+  // One write of the store for all thirteen keys: the exit ends the program at once after it,
+  // and a kill in the midst leaves the last start's values or all the new ones.
+  std::vector<SettingValue> values;
+  auto add = [&values](Setting s, const std::string& v) { values.push_back({SettingOf(s).key, v}); };
+  for (Option item : kOptions) add(FlagSetting(item), FlagText(frmMenu.check(item)));
+  add(Setting::kMbs, frmMain.lblMBs->Caption());
+  add(Setting::kUps, frmMain.lblUps->Caption());
+  add(Setting::kHandle, frmMenu.lblHandle->Caption());
+  add(Setting::kRename, frmMenu.lblRename->Caption());
+  SaveSettings(kAppName, kOptionsSection, values);
 }
 
 void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu) {

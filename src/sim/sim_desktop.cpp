@@ -38,7 +38,7 @@ constexpr std::int32_t kByPosition = 0x400;
 
 SimDesktop::SimDesktop(int widthPixels, int heightPixels)
     : width_(widthPixels), height_(heightPixels), cursor_{widthPixels / 2, heightPixels / 2} {
-  hook_ = AddPumpHook([this] { Slice(); });
+  hook_ = AddPumpHook([this] { Slice(); }, [this] { return NextWork(); });
 }
 
 SimDesktop::~SimDesktop() { RemovePumpHook(hook_); }
@@ -336,6 +336,12 @@ void SimDesktop::Slice() {
     }
   }
   for (auto& run : due) run();
+}
+
+double SimDesktop::NextWork() const {
+  if (inSlice_) return kNoWork;
+  if (!queue_.empty()) return kWorkNow;
+  return tasks_.empty() ? kNoWork : tasks_.front().due;
 }
 
 void SimDesktop::BeforeCall() {

@@ -141,6 +141,9 @@ class SimDesktop : public WindowSystem {
   // One turn of the other process: delivers the messages that were queued before it began, then
   // runs the tasks that are due. The pump hook calls it on every pump.
   void Slice();
+  // When the next turn has something to do (the pump hook tells waits): kWorkNow with messages
+  // waiting, else the time of the earliest task, kNoWork with none (or inside a turn).
+  double NextWork() const;
   // A program that loops without pumping still lets the other process run now and then: after
   // this many calls through the interface with no pump, a turn is taken before the next call.
   // 0 never does (messages then wait for a pump).

@@ -11,6 +11,7 @@
 
 #include "base/failure.h"
 #include "base/pump.h"
+#include "base/replace_file.h"
 #include "text/text.h"
 
 namespace qc {
@@ -23,36 +24,58 @@ bool IsNormalFile(const std::string& path, const std::string& name) {
 }
 
 // The one file channel of these routines. An open while it is in use fails as "File already
-// open"; a close only closes what this opener opened.
-std::FILE* gChannel = nullptr;
+// open"; a close only closes what this opener opened. Output replaces the file whole at the close.
+bool gChannelTaken = false;
 
 class Channel {
  public:
   Channel() = default;
   Channel(const Channel&) = delete;
   Channel& operator=(const Channel&) = delete;
-  ~Channel() { Close(); }
+  // Without a close an output is dropped and the file stays as it was.
+  ~Channel() { Release(); }
 
-  void Open(const std::string& path, const char* mode) {
-    if (gChannel) RaiseFailure(kFileAlreadyOpen);
-    if (path.empty() || path.find('\0') != std::string::npos) RaiseFailure(kBadFileNameOrNumber);
-    std::FILE* f = std::fopen(path.c_str(), mode);
+  void OpenInput(const std::string& path) {
+    Claim(path);
+    std::FILE* f = std::fopen(path.c_str(), "rb");
     if (!f) RaiseFailure(errno == ENOENT ? kFileNotFound : kPathFileAccessError);
-    gChannel = file_ = f;
+    in_ = f;
+    gChannelTaken = taken_ = true;
   }
-  std::FILE* file() const {
-    if (!file_) RaiseFailure(kBadFileNameOrNumber);
-    return file_;
+  void OpenOutput(const std::string& path) {
+    Claim(path);
+    out_ = std::make_unique<FileReplacement>(path);
+    gChannelTaken = taken_ = true;
+  }
+  std::FILE* input() const {
+    if (!in_) RaiseFailure(kBadFileNameOrNumber);
+    return in_;
+  }
+  void Write(const std::string& data) {
+    if (!out_) RaiseFailure(kBadFileNameOrNumber);
+    out_->Write(data);
   }
   void Close() {
-    if (!file_) return;
-    std::fclose(file_);
-    if (gChannel == file_) gChannel = nullptr;
-    file_ = nullptr;
+    std::unique_ptr<FileReplacement> out = std::move(out_);
+    Release();
+    if (out) out->Commit();
   }
 
  private:
-  std::FILE* file_ = nullptr;
+  void Claim(const std::string& path) {
+    if (gChannelTaken) RaiseFailure(kFileAlreadyOpen);
+    if (path.empty() || path.find('\0') != std::string::npos) RaiseFailure(kBadFileNameOrNumber);
+  }
+  void Release() {
+    if (in_) std::fclose(in_);
+    in_ = nullptr;
+    out_.reset();
+    if (taken_) gChannelTaken = taken_ = false;
+  }
+
+  std::FILE* in_ = nullptr;
+  std::unique_ptr<FileReplacement> out_;
+  bool taken_ = false;
 };
 
 std::string ReadAll(std::FILE* f) {
@@ -62,10 +85,6 @@ std::string ReadAll(std::FILE* f) {
   while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) data.append(buf, n);
   if (std::ferror(f)) RaiseFailure(kPathFileAccessError);
   return data;
-}
-
-void WriteAll(std::FILE* f, const std::string& data) {
-  if (std::fwrite(data.data(), 1, data.size(), f) != data.size()) RaiseFailure(kPathFileAccessError);
 }
 
 }  // namespace
@@ -102,8 +121,8 @@ std::optional<std::string> ReadTextForBox(const std::string& path) {
   std::string text;
   {
     Channel ch;
-    SkipOnFailure([&] { ch.Open(path, "rb"); });
-    SkipOnFailure([&] { text = ReadAll(ch.file()); });
+    SkipOnFailure([&] { ch.OpenInput(path); });
+    SkipOnFailure([&] { text = ReadAll(ch.input()); });
     SkipOnFailure([&] { ch.Close(); });
   }
   // CRs first, then CR LF pairs: "x\r\r\n" keeps one CR.
@@ -116,8 +135,8 @@ std::string ReadTextFile(const std::string& path) { return ReadTextForBox(path).
 
 void SaveTextFile(const std::string& path, const std::string& text) {
   Channel ch;
-  SkipOnFailure([&] { ch.Open(path, "wb"); });
-  SkipOnFailure([&] { WriteAll(ch.file(), text + "\r\n"); });
+  SkipOnFailure([&] { ch.OpenOutput(path); });
+  SkipOnFailure([&] { ch.Write(text + "\r\n"); });
   SkipOnFailure([&] { ch.Close(); });
 }
 
@@ -128,8 +147,8 @@ void LoadListFile(const std::string& path,
   if (!exists) return;
   Channel ch;
   std::string data;
-  SkipOnFailure([&] { ch.Open(path, "rb"); });
-  SkipOnFailure([&] { data = ReadAll(ch.file()); });
+  SkipOnFailure([&] { ch.OpenInput(path); });
+  SkipOnFailure([&] { data = ReadAll(ch.input()); });
   // The channel stays taken while fields are handed out and events pumped.
   ListFieldReader reader(data);
   while (!reader.AtEnd()) {
@@ -148,9 +167,9 @@ std::vector<std::string> LoadListFile(const std::string& path) {
 
 void SaveListFile(const std::string& path, const std::vector<std::string>& items) {
   Channel ch;
-  SkipOnFailure([&] { ch.Open(path, "wb"); });
+  SkipOnFailure([&] { ch.OpenOutput(path); });
   for (const auto& item : items) {
-    SkipOnFailure([&] { WriteAll(ch.file(), item + "\r\n"); });
+    SkipOnFailure([&] { ch.Write(item + "\r\n"); });
   }
   SkipOnFailure([&] { ch.Close(); });
 }

@@ -27,7 +27,8 @@ std::string ReadTextFile(const std::string& path);
 // an existing file that cannot be read empties it.
 std::optional<std::string> ReadTextForBox(const std::string& path);
 
-// Writes text followed by CR LF, truncating the file. Failures are ignored.
+// Writes text followed by CR LF in place of the file: a kill leaves the old file or the new one.
+// Failures are ignored.
 void SaveTextFile(const std::string& path, const std::string& text);
 
 // Reads the comma-delimited fields of a list file, pumping events after each field and handing
@@ -35,7 +36,8 @@ void SaveTextFile(const std::string& path, const std::string& text);
 void LoadListFile(const std::string& path, const std::function<void(const std::string&)>& addItem);
 std::vector<std::string> LoadListFile(const std::string& path);
 
-// Writes each item on a line of its own, ended by CR LF, without quoting. Failures are ignored.
+// Writes each item on a line of its own, ended by CR LF, without quoting, in place of the file as
+// SaveTextFile does. Failures are ignored.
 void SaveListFile(const std::string& path, const std::vector<std::string>& items);
 
 // The field reader of list files: leading blanks and tabs skipped; a field that begins with a

@@ -1,9 +1,15 @@
 #include "ui/qt_glue.h"
 
 #include <QCoreApplication>
+#include <QPointer>
+#include <QTimer>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <thread>
 #include <vector>
 
 #include "ui/list_box.h"
@@ -31,6 +37,28 @@ QString ToLf(const std::string& text) {
 
 void InstallQtPump() {
   SetEventProcessor([] { QCoreApplication::processEvents(QEventLoop::AllEvents); });
+  SetEventWaiter(WaitForQtEvents);
+}
+
+void WaitForQtEvents(double seconds) {
+  QCoreApplication* app = QCoreApplication::instance();
+  if (!app) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+    return;
+  }
+  // One timer, owned by the application, wakes the loop at the deadline.
+  static QPointer<QTimer> wake;
+  if (!wake) {
+    wake = new QTimer(app);
+    wake->setSingleShot(true);
+    wake->setTimerType(Qt::PreciseTimer);
+  }
+  // Down to a whole millisecond: the caller sleeps the rest of a pause precisely, as it does any
+  // wait too short for the loop's timers. A long wait is taken in pieces.
+  const double ms = std::min(std::floor(seconds * 1000), 3600.0 * 1000);
+  wake->start(std::chrono::milliseconds(static_cast<long long>(ms)));
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  wake->stop();
 }
 
 std::string BoxText(const QWidget* box) {

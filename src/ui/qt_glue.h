@@ -9,8 +9,10 @@ namespace qc {
 
 class ListBox;
 
-// DoEvents processes pending Qt events from now on.
+// DoEvents processes pending Qt events from now on, and waits idle on Qt's event loop.
 void InstallQtPump();
+// Blocks until Qt has handled at least one event or `seconds` have gone by.
+void WaitForQtEvents(double seconds);
 
 inline QString ToQ(const std::string& s) { return QString::fromStdString(s); }
 inline std::string FromQ(const QString& s) { return s.toStdString(); }

@@ -10,6 +10,8 @@ namespace {
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
 
+// Each sync writes a temporary file that QSettings renames over the store (atomic sync is its
+// default), so the file is always one whole save.
 QSettings Store(const std::string& application) {
   return QSettings(QSettings::IniFormat, QSettings::UserScope, Q(application), Q(application));
 }
@@ -32,6 +34,15 @@ void SaveSetting(const std::string& application, const std::string& section,
   QSettings s = Store(application);
   s.beginGroup(Q(section));
   s.setValue(Q(key), Q(value));
+  s.endGroup();
+  s.sync();
+}
+
+void SaveSettings(const std::string& application, const std::string& section,
+                  const std::vector<SettingValue>& values) {
+  QSettings s = Store(application);
+  s.beginGroup(Q(section));
+  for (const auto& v : values) s.setValue(Q(v.key), Q(v.value));
   s.endGroup();
   s.sync();
 }

@@ -17,6 +17,14 @@ std::string GetSetting(const std::string& application, const std::string& sectio
                        const std::string& key, const std::string& defaultValue);
 void SaveSetting(const std::string& application, const std::string& section,
                  const std::string& key, const std::string& value);
+struct SettingValue {
+  std::string key;
+  std::string value;
+};
+// Writes the keys in the order given as one save of the store: the file is replaced whole, so a
+// kill leaves it as it was or with every one of them.
+void SaveSettings(const std::string& application, const std::string& section,
+                  const std::vector<SettingValue>& values);
 // Removes one key; without key the whole section; without section every setting of the
 // application.
 void DeleteSetting(const std::string& application, const std::string& section,

@@ -2,6 +2,8 @@
 // The tag rules themselves belong to the codec's tests.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+
+#include <fstream>
 #include <spawn.h>
 #include <sys/wait.h>
 
@@ -36,14 +38,17 @@ class TagTool : public ::testing::Test {
     WriteBytes(dir / name, bytes);
     return dir / name;
   }
-  Result Run(const std::vector<std::string>& args) {
+  Result Run(const std::vector<std::string>& args, const std::string& input = "") {
     const std::string out = dir / "stdout.txt", err = dir / "stderr.txt";
+    const std::string in = dir / "stdin.txt";
+    std::ofstream(in, std::ios::binary) << input;
     const std::string tool = ToolPath();
     std::vector<char*> argv{const_cast<char*>(tool.c_str())};
     for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 0, in.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t pid = 0;
@@ -96,6 +101,51 @@ TEST_F(TagTool, ShowPrintsOneJsonLinePerFileWithEscapesAndGoesOnPastBadFiles) {
                        ": shorter than 128 bytes (127), no room for a tag\nquillcast-tag: " +
                        dir.path() + ": no such file\n");
   EXPECT_FALSE(fs::exists(missing));
+}
+
+TEST_F(TagTool, ShowTakesPathsFromListsAndFolders) {
+  const std::string a = Make("music/a.mp3", std::string(200, 'a') + TagBytes("A", "", "", "", "", 0));
+  const std::string b = Make("music/sub/b.MP3", std::string(200, 'b') + TagBytes("B", "", "", "", "", 0));
+  const std::string c = Make("music/c.mp3", std::string(200, 'c') + TagBytes("C", "", "", "", "", 0));
+  Make("music/cover.jpg", std::string(300, 'j'));
+  Make("music/.hidden.mp3", std::string(300, 'h'));
+  Make("music/.trash/d.mp3", std::string(300, 'd'));
+  const std::string list = Make("list.txt", c + "\r\n\n" + a + "\n");
+  auto json = [](const std::string& path, const std::string& title) {
+    return Json(path, true, title, "", "", "", "", "Blues");
+  };
+  struct Case {
+    std::vector<std::string> args;
+    std::string input, out;
+  };
+  const std::string music = std::string(dir / "music");
+  const Case cases[] = {
+      // Standard input in the place of "-", between the paths of the command line.
+      {{"show", b, "-", b}, a + "\n" + c + "\n", json(b, "B") + json(a, "A") + json(c, "C") + json(b, "B")},
+      // Lists come first, one a line; Windows line ends and empty lines are no paths.
+      {{"show", b, "--files-from", list}, "", json(c, "C") + json(a, "A") + json(b, "B")},
+      {{"show", "--files-from=-"}, a + "\n", json(a, "A")},
+      // Files of a folder in name order, then its folders; .mp3 in any case, nothing hidden.
+      {{"show", "-r", music}, "", json(a, "A") + json(c, "C") + json(b, "B")},
+      {{"show", "--recursive", music + "/", a}, "",
+       json(music + "/a.mp3", "A") + json(music + "/c.mp3", "C") + json(music + "/sub/b.MP3", "B") +
+           json(a, "A")},
+      // After "--" a "-" is a file name like any other.
+      {{"show", "--", "-"}, a, ""},
+  };
+  for (const Case& t : cases) {
+    SCOPED_TRACE(t.args[1]);
+    Result r = Run(t.args, t.input);
+    EXPECT_EQ(r.out, t.out);
+  }
+  Result r = Run({"show", "--", "-"}, a);
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "quillcast-tag: -: no such file\n");
+  r = Run({"show", "--files-from", std::string(dir / "nolist")});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err, "quillcast-tag: " + std::string(dir / "nolist") + ": list cannot be read\n");
+  r = Run({"show", "--files-from"});
+  EXPECT_EQ(r.err, "quillcast-tag: option '--files-from' needs a value\ntry 'quillcast-tag --help'\n");
 }
 
 TEST_F(TagTool, WriteKeepsFieldsNotGivenAndTakesBothOptionForms) {

@@ -2,10 +2,13 @@
 // too short to hold one.
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "base/failure.h"
 #include "codec/cp1252.h"
 #include "codec/id3v1.h"
 #include "support/files.h"
+#include "support/kill_points.h"
 
 namespace qc::test {
 namespace {
@@ -147,6 +150,32 @@ TEST_F(Codec, WriteClearsReadOnlyForGood) {
   WriteId3Tag(path, "New", "", "", "", "", "");
   EXPECT_NE(fs::status(path).permissions() & fs::perms::owner_write, fs::perms::none);
   EXPECT_EQ(ReadId3Tag(path).title, "New");
+}
+
+// A kill at any point of a tag write leaves the old tag or the new one over the whole audio.
+TEST_F(Codec, AKilledTagWriteLeavesTheOldOrTheNewFile) {
+  std::string audio(4 << 20, '\0');
+  for (std::size_t i = 0; i < audio.size(); ++i) audio[i] = static_cast<char>(i * 7 % 251);
+  const std::string oldBytes = audio + TagBytes("Old Title", "Old Artist");
+  const std::string newBytes = audio + TagBytes("New Title", "New Artist", "", "", "", 13);
+  const std::string path = Make("song.mp3", oldBytes);
+  int olds = 0, news = 0;
+  const test::KillCounts counts = test::KillAtRandomPoints(
+      40, [&] { WriteId3Tag(path, "New Title", "New Artist", "", "", "", "Pop"); },
+      [&](bool) {
+        const std::string bytes = ReadBytes(path);
+        if (bytes == oldBytes) {
+          ++olds;
+          return;
+        }
+        ASSERT_EQ(bytes.size(), newBytes.size());
+        ASSERT_TRUE(bytes == newBytes);
+        ++news;
+        std::ofstream(path, std::ios::binary | std::ios::trunc) << oldBytes;
+      });
+  EXPECT_GE(counts.killed, 40);
+  EXPECT_GE(olds, 20);  // most kills came in the midst of the work
+  EXPECT_GE(news, 3);   // the runs that measured it, at least
 }
 
 }  // namespace

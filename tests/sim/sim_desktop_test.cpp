@@ -209,6 +209,27 @@ TEST_F(SimDesktopTest, TasksRunOnALaterPumpOnceTheirTimeHasCome) {
   EXPECT_EQ(ran.back(), 5);
 }
 
+TEST_F(SimDesktopTest, TellsWaitsWhenItNextHasWork) {
+  VirtualTime vt;
+  const double now = vt.clock().Now();
+  EXPECT_EQ(d.NextWork(), kNoWork);
+  d.Schedule(0.5, [] {});
+  d.Schedule(0.2, [] {});
+  EXPECT_DOUBLE_EQ(d.NextWork(), now + 0.2);
+  Hwnd w = d.NewWindow(0, "x");
+  d.PostMessageA(w, aol::kWmClose, 0, LParam());
+  EXPECT_EQ(d.NextWork(), kWorkNow);  // the posted message goes on the next pump
+  EXPECT_EQ(NextHookWork(), kWorkNow);
+  // Inside its own turn it has nothing to give a wait that a task starts.
+  double inside = 0;
+  d.Schedule(0, [&] { inside = d.NextWork(); });
+  vt.clock().Advance(1);
+  DoEvents();
+  DoEvents();
+  EXPECT_EQ(inside, kNoWork);
+  EXPECT_EQ(d.NextWork(), kNoWork);
+}
+
 TEST_F(SimDesktopTest, AProgramThatNeverPumpsStillLetsTheOtherProcessRun) {
   Hwnd modal = d.NewWindow(0, "_AOL_Modal");
   d.SetSliceEvery(10);

@@ -21,8 +21,10 @@ void PumpUntil(Done done, int passes = 2000) {
   while (!done()) WaitEvents();
 }
 
+// A fifth of a second of the client's time.
 void Settle() {
-  for (int i = 0; i < 200; ++i) WaitEvents();
+  PumpBudget budget(2000);
+  for (const double end = CurrentClock().Now() + 0.2; CurrentClock().Now() < end;) WaitEvents();
 }
 
 void Click(SimDesktop& d, Hwnd h) {

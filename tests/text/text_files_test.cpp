@@ -7,6 +7,7 @@
 #include "base/failure.h"
 #include "base/pump.h"
 #include "support/files.h"
+#include "support/kill_points.h"
 #include "text/text_files.h"
 
 namespace qc {
@@ -118,6 +119,36 @@ TEST_F(TextFiles, SaveListFileWritesCrLfLinesWithoutQuoting) {
   EXPECT_EQ(LoadListFile(Path("l.sys")), (std::vector<std::string>{"a", "b", "c", "q"}));
   SaveListFile(Path("l.sys"), {});
   EXPECT_EQ(std::filesystem::file_size(Path("l.sys")), 0u);
+}
+
+// A kill at any point of a save leaves the old list or the new one, never a short one.
+TEST_F(TextFiles, AKilledListSaveLeavesTheOldOrTheNewFile) {
+  std::vector<std::string> oldItems, newItems;
+  for (int i = 0; i < 40000; ++i) {
+    oldItems.push_back("old.member" + std::to_string(i) + "@aol.com");
+    newItems.push_back("new.member" + std::to_string(i));
+  }
+  const std::string path = Path("lstMember.sys");
+  SaveListFile(path, oldItems);
+  const std::string oldBytes = Bytes("lstMember.sys");
+  int olds = 0, news = 0;
+  const test::KillCounts counts = test::KillAtRandomPoints(
+      40, [&] { SaveListFile(path, newItems); },
+      [&](bool) {
+        const std::string bytes = Bytes("lstMember.sys");
+        if (bytes == oldBytes) {
+          ++olds;
+          return;
+        }
+        ASSERT_EQ(LoadListFile(path), newItems) << bytes.size() << " bytes";
+        ++news;
+        SaveListFile(path, oldItems);
+      });
+  EXPECT_GE(counts.killed, 40);
+  EXPECT_GE(olds, 20);  // most kills came in the midst of the work
+  EXPECT_GE(news, 3);   // the runs that measured it, at least
+  // What kills left behind is hidden from the program's own view of the folder.
+  EXPECT_FALSE(FileExists(Path("*.tmp")));
 }
 
 TEST_F(TextFiles, TheSharedChannelRefusesAnOpenDuringAListLoad) {

@@ -2,9 +2,11 @@
 // list file splits into fields belongs to the text routines' tests.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "base/pump.h"
 #include "support/files.h"
@@ -47,6 +49,34 @@ TEST(QtGlue, TextBoxFileRoundTripWritesOneClosingCrLf) {
   WriteBytes(dir / "empty.sys", "");
   LoadTextInto(&again, dir / "empty.sys");
   EXPECT_EQ(BoxText(&again), "");
+}
+
+// On the real clock a wait sleeps on Qt's event loop: a click (here a timer) is handled when it
+// comes, inside the wait, and the wait still lasts its whole time.
+TEST(QtGlue, RealClockPauseHandlesEventsAsTheyCome) {
+  InstallQtPump();
+  Clock& clock = CurrentClock();
+  double start = 0, wall = 0, handledAt = 0;
+  std::uint64_t pumps = 0;
+  // The wait runs inside a handler, as a run does, with a deletion pending that only the outer
+  // loop may carry out: it must not keep the inner wait from sleeping.
+  bool done = false;
+  QTimer::singleShot(0, [&] {
+    (new QObject)->deleteLater();
+    start = clock.Now();
+    QTimer::singleShot(30, [&] { handledAt = clock.Now(); });
+    const auto pumps0 = PumpCount();
+    Pause(0.25);
+    pumps = PumpCount() - pumps0;
+    wall = clock.Now() - start;
+    done = true;
+  });
+  while (!done) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  SetEventWaiter(nullptr);
+  EXPECT_GE(handledAt - start, 0.025);
+  EXPECT_LT(handledAt - start, 0.1);
+  EXPECT_GE(wall, 0.24);
+  EXPECT_LT(pumps, 20u);
 }
 
 TEST(QtGlue, ListFileAppendsToTheControlAndSavesOneLinePerItem) {

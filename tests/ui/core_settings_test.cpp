@@ -2,6 +2,9 @@
 // non-ASCII values.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <vector>
+
 #include "support/files.h"
 #include "ui/settings_store.h"
 
@@ -21,6 +24,27 @@ TEST_F(SettingsStore, LivesInOneIniFileNamedAfterTheApplication) {
   const std::string ini = ReadBytes(dir / "quillcast/quillcast.ini");
   EXPECT_NE(ini.find("[tagoptions]"), std::string::npos) << ini;
   EXPECT_NE(ini.find("mbs=12.5"), std::string::npos) << ini;
+}
+
+TEST_F(SettingsStore, ASaveOfManyKeysReplacesTheFileOnceAndKeepsTheOtherKeys) {
+  SaveSetting(kAppName, "subject", "subject", "kept");
+  const std::string ini = dir / "quillcast/quillcast.ini";
+  const auto before = std::filesystem::status(ini).permissions();
+  std::vector<SettingValue> values;
+  for (int i = 0; i < 13; ++i) values.push_back({"key" + std::to_string(i), std::to_string(i)});
+  values.push_back({"key0", "last"});  // written in order: the later one stands
+  SaveSettings(kAppName, "tagoptions", values);
+  EXPECT_EQ(GetSetting(kAppName, "tagoptions", "key0", ""), "last");
+  EXPECT_EQ(GetSetting(kAppName, "tagoptions", "key12", ""), "12");
+  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", ""), "kept");
+  EXPECT_EQ(std::filesystem::status(ini).permissions(), before);
+  // Nothing of the save is left beside the store.
+  int files = 0;
+  for ([[maybe_unused]] auto& e : std::filesystem::directory_iterator(dir / "quillcast")) ++files;
+  EXPECT_EQ(files, 1);
+}
+
+TEST_F(SettingsStore, MissingKeyGivesTheCallersDefaultAndWritingCreatesIt) {
   EXPECT_EQ(GetSetting(kAppName, "tagoptions", "ups", "dflt"), "dflt");
   SaveSetting(kAppName, "tagoptions", "ups", "");
   EXPECT_EQ(GetSetting(kAppName, "tagoptions", "ups", "dflt"), "");  // exists, though empty
