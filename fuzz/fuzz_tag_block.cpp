@@ -6,7 +6,7 @@
 #include <string>
 
 #include "base/failure.h"
-#include "catalogue/codec/cp1252.h"
+#include "base/cp1252.h"
 #include "catalogue/codec/genres.h"
 #include "catalogue/codec/id3v1.h"
 

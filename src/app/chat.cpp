@@ -1,6 +1,7 @@
 // Chat lines and the way they are typed into the client's chat room.
 #include "app/chat.h"
 
+#include <functional>
 #include <optional>
 
 #include "app/forms/frmmain.h"
@@ -23,21 +24,6 @@ constexpr char kNone[] = "none";
 constexpr char kNa[] = "na";
 
 std::string TwoNbsp() { return std::string(kNbsp) + kNbsp; }
-
-// Characters, not bytes: a UTF-8 lead byte starts each one.
-std::size_t CharCount(const std::string& s) {
-  std::size_t n = 0;
-  for (unsigned char c : s) n += (c & 0xC0) != 0x80;
-  return n;
-}
-
-std::string FirstChars(const std::string& s, std::size_t count) {
-  std::size_t n = 0;
-  for (std::size_t i = 0; i < s.size(); ++i) {
-    if ((static_cast<unsigned char>(s[i]) & 0xC0) != 0x80 && n++ == count) return s.substr(0, i);
-  }
-  return s;
-}
 
 bool HasChildOf(WindowSystem& ws, Hwnd parent, const char* className) {
   return ws.FindWindowExA(parent, 0, std::string(className), std::nullopt) != 0;
@@ -83,9 +69,10 @@ void SendLine(std::string line) {
   ChatSend(line, tail, cut);
 }
 
-void SendBlock(const std::string& line2) {
+// Line 2 is built only once line 1 has gone: the counters may change while the room takes it.
+void SendBlock(const std::function<std::string()>& line2) {
   SendLine(ChatLine1());
-  SendLine(line2);
+  SendLine(line2());
   SendLine(ChatLine3());
 }
 
@@ -118,8 +105,8 @@ Hwnd FindChatRoom() {
   while (child != 0) {
     if (IsRoomFormA(ws, child) || IsRoomFormB(ws, child)) {
       // A window of the user's own that looks like a room ends the search: nothing is sent.
-      const std::string own = LowerCase(ClientScreenName(ws)) + "'s";
-      if (InStr(LowerCase(ControlText(ws, child)), own) > 0) return 0;
+      const std::string own = LowerCodePage(ClientScreenName(ws)) + "'s";
+      if (InStr(LowerCodePage(ControlText(ws, child)), own) > 0) return 0;
       return child;
     }
     child = ws.FindWindowExA(mdi, child, std::string(aol::kChildClass), std::nullopt);
@@ -141,20 +128,29 @@ void ChatSend(std::string& text, bool& withTail, bool& withCut) {
     edit = ws.FindWindowExA(room, 0, std::string(aol::kAolEditClass), std::nullopt);
   }
   if (text.empty() || room == 0) return;
-  // The length is tested before the tail goes on, so a cut line may exceed 92 with its tail.
-  if (withCut && CharCount(text) >= kChatCut) text = FirstChars(text, kChatCut);
+  // The cut counts characters of the client's code page. The length is tested before the tail
+  // goes on, so a cut line may exceed 92 with its tail.
+  std::string line = ToCodePage(text);
+  if (withCut && line.size() >= kChatCut) {
+    line.resize(kChatCut);
+    text = FromCodePage(line);
+  }
 
   const bool richPair = rich1 != 0 && rich2 != 0;
   const Hwnd box = richPair ? rich2 : edit;
-  if (richPair && withTail) text += kTail;
+  if (richPair && withTail) {
+    line += kTail;
+    text += kTail;
+  }
   const std::string saved = ControlText(ws, box);
   if (richPair && !saved.empty()) ws.SendMessageA(box, aol::kWmSetText, 0, LParam::Text(""));
-  ws.SendMessageA(box, aol::kWmSetText, 0, LParam::Text(text));
+  ws.SendMessageA(box, aol::kWmSetText, 0, LParam::Text(line));
   // The client empties the box once it has taken the line; there is no limit to the tries.
+  std::int32_t zero = 0;
   do {
     WaitEvents();
-    ws.SendMessageA(box, aol::kWmChar, 13, LParam());
-  } while (ws.SendMessageA(box, aol::kWmGetTextLength, 0, LParam()) != 0);
+    ws.SendMessageA(box, aol::kWmChar, aol::kKeyEnter, LParam());
+  } while (ws.SendMessageA(box, aol::kWmGetTextLength, 0, LParam::Word(zero)) != 0);
   if (!saved.empty()) ws.SendMessageA(box, aol::kWmSetText, 0, LParam::Text(saved));
 }
 
@@ -183,19 +179,19 @@ TransferStatus ReadTransferStatus() {
   s.amount = Left(rest, static_cast<long long>(InStr(rest, " ")) - 1);
   if (!IsNumeric(s.percent)) s.percent = kNa;
   if (!IsNumeric(s.amount)) s.amount = kNa;
-  return s;
+  return {FromCodePage(s.percent), FromCodePage(s.amount), FromCodePage(s.file)};
 }
 
 void SendStartBlock(const FrmMain& f) {
-  SendBlock(CountsLine("start", f.lblUps->Caption(), TotalSizeText(f)));
+  SendBlock([&f] { return CountsLine("start", f.lblUps->Caption(), TotalSizeText(f)); });
 }
 
 void SendEndBlock(const FrmMain& f) {
-  SendBlock(CountsLine("end", f.lblUps->Caption(), TotalSizeText(f)));
+  SendBlock([&f] { return CountsLine("end", f.lblUps->Caption(), TotalSizeText(f)); });
 }
 
 void BragStats(const FrmMain& f) {
-  SendBlock(CountsLine("brag", f.lblUps->Caption(), TotalSizeText(f)));
+  SendBlock([&f] { return CountsLine("brag", f.lblUps->Caption(), TotalSizeText(f)); });
 }
 
 void ScrollStats(bool byMenu) {

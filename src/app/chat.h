@@ -23,8 +23,9 @@ std::string CountsLine(const std::string& word, const std::string& ups,
                        const std::string& sizeText);
 
 // Types `text` into the chat room and waits, pumping, until the client has taken it; the user's
-// half-typed text is put back afterwards. With withCut a text of 92 characters or more is cut to
-// 92 before the tail (only on a RICHCNTL input) is appended. Nothing when text is empty or there
+// half-typed text is put back afterwards. The text goes to the client in its code page. With
+// withCut a text of 92 code-page characters or more is cut to 92 before the tail (only on a
+// RICHCNTL input) is appended. Nothing when text is empty or there
 // is no room. The wait has no limit.
 void ChatSend(std::string& text, bool& withTail, bool& withCut);
 
@@ -32,7 +33,8 @@ void ChatSend(std::string& text, bool& withTail, bool& withCut);
 // first match is a window of the user's own (its text holds the screen name and "'s").
 Hwnd FindChatRoom();
 
-// The state of the client's file transfer window: "none" three times without one, "na" for a
+// The state of the client's file transfer window, read in the client's code page (positions count
+// its characters) and given back as the program's text: "none" three times without one, "na" for a
 // percent or amount that is not a number.
 struct TransferStatus {
   std::string percent;

@@ -15,7 +15,7 @@ namespace qc {
 namespace {
 
 void SendImCommand(const std::string& to) {
-  SendInstantMessage(CurrentWindowSystem(), to, kImCommandText);
+  SendInstantMessage(CurrentWindowSystem(), ToCodePage(to), kImCommandText);
 }
 
 bool NewGeneration() {

@@ -149,7 +149,7 @@ void SlideVersionLabel(Label& label) {
 }
 
 void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
-  const std::string screenName = ClientScreenName(CurrentWindowSystem());
+  const std::string screenName = FromCodePage(ClientScreenName(CurrentWindowSystem()));
   for (const char* item : kOptionItems)
     frmMenu.setCheck(item, FlagIsOn(GetTableSetting(kOptionsSection, FlagKey(item), screenName)));
   frmMenu.lblHandle->SetCaption(GetTableSetting(kOptionsSection, "handle", screenName));

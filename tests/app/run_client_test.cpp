@@ -71,8 +71,9 @@ TEST_F(ClientRun, GenerationFiveQueuesNoticesAndFilesAndOpensTheOutgoingList) {
   const std::string log = CompileRunLog(frm);
   Run();
   const std::string to = "Brindle Rose, ";
-  const std::string start = "\u00B7\u2022(`(`\u00B7 start: brindle 2mb \u00B7\u00B4)\u00B4)\u2022\u00B7";
-  const std::string end = "\u00B7\u2022(`(`\u00B7 end: brindle 2mb \u00B7\u00B4)\u00B4)\u2022\u00B7";
+  // The decoration reaches the client as Windows-1252 bytes, one a character.
+  const std::string start = "\xB7\x95(`(`\xB7 start: brindle 2mb \xB7\xB4)\xB4)\x95\xB7";
+  const std::string end = "\xB7\x95(`(`\xB7 end: brindle 2mb \xB7\xB4)\xB4)\x95\xB7";
   const std::vector<MailRecord> expected = {
       {to, start, log, {}},
       {to, "Band - Song", Body("1.5mb", "one.mp3"), {one}},

@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "base/failure.h"
-#include "catalogue/codec/cp1252.h"
+#include "base/cp1252.h"
 #include "catalogue/codec/id3v1.h"
 
 namespace qc {

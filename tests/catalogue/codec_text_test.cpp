@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "catalogue/codec/cp1252.h"
+#include "base/cp1252.h"
 #include "catalogue/codec/genres.h"
 
 namespace qc {

@@ -86,9 +86,9 @@ TEST_F(FullBoxTest, ProbeWritesTheListWithALoneDashAndNoBreakBlanks) {
     EXPECT_EQ(Count(m, "SendMessageA AOL Frame25/MDIClient/AOL Child" + field +
                            " 12 0 \"a@x.com, b@x.com, -\""),
               1u);
-    EXPECT_EQ(Count(m, "SendMessageA AOL Frame25/MDIClient/AOL Child/_AOL_Edit#3 12 0 \"\u00A0\""),
+    EXPECT_EQ(Count(m, "SendMessageA AOL Frame25/MDIClient/AOL Child/_AOL_Edit#3 12 0 \"\xA0\""),
               1u);
-    EXPECT_EQ(Count(m, "SendMessageA AOL Frame25/MDIClient/AOL Child/RICHCNTL 12 0 \"\u00A0\""),
+    EXPECT_EQ(Count(m, "SendMessageA AOL Frame25/MDIClient/AOL Child/RICHCNTL 12 0 \"\xA0\""),
               1u);
     EXPECT_EQ(client->EventDetails(sim::kEventMailRefused), Lines{"-"});
   }
@@ -99,7 +99,7 @@ TEST_F(FullBoxTest, Generation5AnswersTheQuestionWithNo) {
   mail->MarkFull("b@x.com");
   VectorAddresses list({"a@x.com", "b@x.com"});
   Check(list);
-  EXPECT_EQ(client->EventDetails(sim::kEventMailDiscarded), Lines{"\u00A0"});
+  EXPECT_EQ(client->EventDetails(sim::kEventMailDiscarded), Lines{"\xA0"});
   EXPECT_EQ(Count(Messages(), "SendMessageA #32770/Button#2 256 32 &0"), 1u);
   EXPECT_EQ(Count(Messages(), "SendMessageA #32770/Button#2 257 32 &0"), 1u);
 }

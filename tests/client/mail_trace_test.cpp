@@ -126,15 +126,15 @@ TEST_F(MailTraceTest, ProbesDiffer) {
     Record();
     Within(20000, [&] {
       if (generation == 5) {
-        WriteProbe50(d, "x@aol.com, -", "\u00A0", "\u00A0");
+        WriteProbe50(d, "x@aol.com, -", "\xA0", "\xA0");
       } else {
-        WriteProbe40(d, "x@aol.com, -", "\u00A0", "\u00A0");
+        WriteProbe40(d, "x@aol.com, -", "\xA0", "\xA0");
       }
     });
     EXPECT_NE(client->Document(aol::kErrorCaption), 0);
     ASSERT_EQ(mail->MailWindows().size(), 1u);  // left for the caller
     const Hwnd w = mail->MailWindows()[0];
-    const std::string body = "SendMessageA " + kWriteMail + "/RICHCNTL 12 0 \"\u00A0\"";
+    const std::string body = "SendMessageA " + kWriteMail + "/RICHCNTL 12 0 \"\xA0\"";
     const std::string to = "SendMessageA " + kWriteMail + "/_AOL_Edit 12 0 \"x@aol.com, -\"";
     const std::string hide = "ShowWindow " + kWriteMail + " 0";
     const Lines squeezed = Squeezed(marked);
@@ -163,7 +163,7 @@ TEST_F(MailTraceTest, ProbesDiffer) {
     }
     // Subject and body are filled, the window is not retitled.
     EXPECT_EQ(d.TextOf(w), aol::kWriteMailCaption);
-    EXPECT_EQ(mail->Fields(w).body, "\u00A0");
+    EXPECT_EQ(mail->Fields(w).body, "\xA0");
   }
 }
 
@@ -171,7 +171,7 @@ TEST_F(MailTraceTest, ComposeProbePressesTheFirstIconAfterTheLookups) {
   Start(3);
   mail->MarkFull("x@aol.com");
   Record();
-  Within(20000, [&] { ComposeProbe95(d, "x@aol.com, -", "\u00A0", "\u00A0"); });
+  Within(20000, [&] { ComposeProbe95(d, "x@aol.com, -", "\xA0", "\xA0"); });
   EXPECT_NE(client->Document(aol::kErrorCaption), 0);
   // The report stands in front of the mail, which is now the second document window.
   const std::string press = Posted(Icon(kWriteMail + "#2", 1), 513);

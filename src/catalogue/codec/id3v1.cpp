@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "base/failure.h"
-#include "catalogue/codec/cp1252.h"
+#include "base/cp1252.h"
 #include "catalogue/codec/genres.h"
 #include "mail/text/text_files.h"
 
