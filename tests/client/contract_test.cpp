@@ -46,9 +46,12 @@
 #include "client/vocabulary.h"
 #include "client/window_system.h"
 #include "client/write_mail.h"
-#include "mail_fixture.h"
+#include "client/address_list.h"
 #include "sim/sim_chat.h"
+#include "sim/sim_client.h"
 #include "sim/sim_im.h"
+#include "sim/sim_mail.h"
+#include "support/budget.h"
 
 namespace qc::test {
 namespace {
@@ -99,6 +102,15 @@ std::string Trimmed(const std::string& s) {
   const auto b = s.find_first_not_of(' ');
   return b == std::string::npos ? "" : s.substr(b, s.find_last_not_of(' ') - b + 1);
 }
+
+// The address list of a full-box check.
+class VectorAddresses : public AddressList {
+ public:
+  int Count() const override { return static_cast<int>(items.size()); }
+  std::string Item(int index) const override { return items.at(static_cast<std::size_t>(index)); }
+  void Remove(int index) override { items.erase(items.begin() + index); }
+  std::vector<std::string> items;
+};
 
 // One item of a script: a message line or a run of pumps.
 struct Item {
