@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <sstream>
 
 #include "client/vocabulary.h"
 
@@ -229,22 +230,56 @@ void SimClient::Later(const std::string& key, Action action) {
 
 void SimClient::BuildInStages(Hwnd window, const std::string& key, std::vector<Part> parts,
                               Action ready) {
-  auto last = std::find_if(parts.begin(), parts.end(),
-                           [this](const Part& p) { return p.name == options_.lastPart; });
-  if (last != parts.end()) std::rotate(last, last + 1, parts.end());
   if (parts.empty()) return;
-  RunStage(std::make_shared<Staged>(Staged{window, key, std::move(parts), std::move(ready)}), 0);
+  std::vector<std::size_t> place(parts.size());
+  for (std::size_t i = 0; i < place.size(); ++i) place[i] = i;
+  // The parts named late go to the end in the order named.
+  std::size_t late = 0;
+  std::stringstream names(options_.lastPart);
+  for (std::string name; std::getline(names, name, ',');) {
+    for (std::size_t i = 0; i + late < parts.size(); ++i) {
+      if (parts[i].name != name) continue;
+      std::rotate(parts.begin() + static_cast<long>(i), parts.begin() + static_cast<long>(i) + 1,
+                  parts.end());
+      std::rotate(place.begin() + static_cast<long>(i), place.begin() + static_cast<long>(i) + 1,
+                  place.end());
+      ++late;
+      break;
+    }
+  }
+  auto build = std::make_shared<Staged>(
+      Staged{window, key, std::move(parts), std::move(ready), std::move(place), {}});
+  build->slowBefore = late > 0 ? build->parts.size() - late : build->parts.size() - 1;
+  RunStage(build, 0);
 }
 
 void SimClient::RunStage(const std::shared_ptr<Staged>& build, std::size_t i) {
   if (!desktop_.Exists(build->window)) return;
   build->parts[i].add();
+  // A part that comes late still takes its place among the children, as the client orders them.
+  const std::size_t place = build->place[i];
+  std::vector<Hwnd> added;
+  for (Hwnd child : desktop_.Children(build->window)) {
+    if (!build->placeOf.count(child)) added.push_back(child);
+  }
+  Hwnd before = 0;
+  for (Hwnd child : desktop_.Children(build->window)) {
+    auto it = build->placeOf.find(child);
+    if (it != build->placeOf.end() && it->second > place) {
+      before = child;
+      break;
+    }
+  }
+  for (Hwnd child : added) {
+    desktop_.PlaceBefore(child, before);
+    build->placeOf[child] = place;
+  }
   if (i + 1 == build->parts.size()) {
     if (build->ready) build->ready();
     BusyAfter(build->key);
     return;
   }
-  const double delay = i + 2 == build->parts.size() ? options_.lastDelay : options_.stageDelay;
+  const double delay = i + 1 == build->slowBefore ? options_.lastDelay : options_.stageDelay;
   std::weak_ptr<int> run = run_;
   desktop_.Schedule(delay, [this, run, build, i] {
     if (run.lock()) RunStage(build, i + 1);

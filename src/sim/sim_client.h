@@ -32,11 +32,12 @@ struct ClientOptions {
   double reactionDelay = 0.05;  // seconds between taking a message and showing what it did
   bool running = true;          // false: the client is absent until Start()
   // Windows are built one part a stage, this far apart; the last part after lastDelay (a slow
-  // client has a long one). lastPart names the part that comes last ("icon 17", "combo",
-  // "edits", "rich", "icons", "button"...); empty keeps each window's own order.
+  // client has a long one). lastPart names parts to come last, in this order and the first of
+  // them after lastDelay ("last-icon", "more-icons,last-icon", "combo", "edits", "subject",
+  // "rich", "icons", "button"...); empty keeps each window's own order.
   double stageDelay = 0.02;
   double lastDelay = 0.02;
-  std::string lastPart;
+  std::string lastPart = "";
   bool busy = true;    // takes no input for a while after some actions
   bool noise = false;  // another program's dialog on top, a buddy's message window in front
 };
@@ -210,6 +211,9 @@ class SimClient {
     std::string key;
     std::vector<Part> parts;
     Action ready;
+    std::vector<std::size_t> place;        // each part's place in the finished window
+    std::map<Hwnd, std::size_t> placeOf;  // the children built so far, by their part's place
+    std::size_t slowBefore = 0;           // the stage that comes after the slow delay
   };
   void RunStage(const std::shared_ptr<Staged>& build, std::size_t i);
 

@@ -149,6 +149,15 @@ void SimDesktop::BringToTop(Hwnd window) {
   Changed();
 }
 
+void SimDesktop::PlaceBefore(Hwnd window, Hwnd sibling) {
+  Window* w = Find(window);
+  if (!w || window == sibling) return;
+  auto& list = SiblingsOf(w->parent);
+  list.erase(std::find(list.begin(), list.end(), window));
+  list.insert(std::find(list.begin(), list.end(), sibling), window);
+  Changed();
+}
+
 std::string SimDesktop::PathOf(Hwnd window) const {
   if (window == 0) return "0";
   const Window* w = Find(window);

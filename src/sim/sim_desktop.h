@@ -145,6 +145,8 @@ class SimDesktop : public WindowSystem {
   // window would not survive, such as a WM_GETTEXT longer than its buffer. Tests expect none.
   const std::vector<std::string>& Violations() const { return violations_; }
   void BringToTop(Hwnd window);  // front of its siblings
+  // Moves a window in front of a sibling (0: behind all its siblings).
+  void PlaceBefore(Hwnd window, Hwnd sibling);
   // Class path with instance numbers, as in the trace; "0" for none, "gone:<handle>" after destroy.
   std::string PathOf(Hwnd window) const;
   // The tree as indented text, one window a line: path-less class, caption, hidden mark.

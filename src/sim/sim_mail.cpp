@@ -217,9 +217,11 @@ void SimMail::OpenWriteMail() {
   // Built part by part, the icons before the fields; generation 5 adds its 17th icon last,
   // generation 4 its formatting boxes.
   std::vector<SimClient::Part> parts = {
-      {"icons",
+      // Eleven icons alone make the 14th hop land on the 2nd icon again.
+      {"icons", Guarded([this, w] { client_.AddControls(w, aol::kIconClass, 11); })},
+      {"more-icons",
         Guarded([this, w, attach, send, later] {
-          client_.AddControls(w, aol::kIconClass, later - 1);
+          client_.AddControls(w, aol::kIconClass, later - 12);
           Click(MailIcon(w, attach), "Attachments", "attach", [this, w] { OpenAttachments(w); });
           SendIcon(MailIcon(w, send), w);
         })},
@@ -230,8 +232,11 @@ void SimMail::OpenWriteMail() {
           m.to = client_.AddControl(w, aol::kAolEditClass);
           client_.AddControl(w, aol::kStaticClass, "Copy To:");
           client_.AddControl(w, aol::kAolEditClass);
+        })},
+      {"subject",
+        Guarded([this, w] {
           client_.AddControl(w, aol::kStaticClass, "Subject:");
-          m.subject = client_.AddControl(w, aol::kAolEditClass);
+          mails_[w].subject = client_.AddControl(w, aol::kAolEditClass);
         })},
        {"rich", Guarded([this, w] { mails_[w].body = Body(w); })},
        {"combo",
@@ -239,12 +244,12 @@ void SimMail::OpenWriteMail() {
           client_.AddControl(w, aol::kComboboxClass);
           client_.AddControl(w, aol::kFontcomboClass);
         })},
-       {"last icon",
+       {"last-icon",
         Guarded([this, w, later] {
           client_.AddControl(w, aol::kIconClass);
           Click(MailIcon(w, later), "Send Later", "send later", [this, w] { SendLater(w); });
         })}};
-  if (!five) std::rotate(parts.begin() + 1, parts.end() - 1, parts.end());
+  if (!five) std::rotate(parts.begin() + 2, parts.end() - 1, parts.end());
   client_.BuildInStages(w, "Write Mail build", std::move(parts),
                         Guarded([this, w] { ClearFields(w); }));
 }
@@ -356,8 +361,11 @@ void SimMail::OpenComposeMail() {
           m.to = client_.AddControl(w, aol::kAolEditClass);
           client_.AddControl(w, aol::kStaticClass, "CC:");
           client_.AddControl(w, aol::kAolEditClass);
+        })},
+       {"subject",
+        Guarded([this, w] {
           client_.AddControl(w, aol::kStaticClass, "Subject:");
-          m.subject = client_.AddControl(w, aol::kAolEditClass);
+          mails_[w].subject = client_.AddControl(w, aol::kAolEditClass);
         })},
        {"rich", Guarded([this, w] { mails_[w].body = client_.AddControl(w, aol::kRichTextClass); })}},
       Guarded([this, w] { ClearFields(w); }));

@@ -8,8 +8,8 @@
 // (toolbar icon 2 on generations 4 and 5, the main-menu entry "&Compose Mail" on 3), and fills
 // the client's outgoing list with the subjects of the queued mails, one a line.
 //
-// The mail windows are built in stages: icons, edits, rich text, the formatting boxes ("combo")
-// and, on Write Mail, the last icon; the client's lastPart option takes one of these to the end.
+// The mail windows are built in stages: icons, the address edits, the subject edit, rich text,
+// the formatting boxes ("combo") and, on Write Mail, the last icon; the client's lastPart option takes one of these to the end.
 // Text typed into a window before it is complete is lost when the client sets the form up.
 //
 // Reaction keys (for SimClient::SetSlow and the event log): "toolbar icon 2" and "&Compose Mail"

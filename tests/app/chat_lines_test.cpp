@@ -82,6 +82,24 @@ TEST_F(ChatTest, BlocksReachTheRoomByteExactAndTheUsersTypingSurvives) {
   }
 }
 
+TEST_F(ChatTest, TheCountsLineIsBuiltOnceTheFirstLineHasGone) {
+  FrmMain f;
+  f.lblUps->SetCaption("12");
+  f.lblMBs->SetCaption("85.2");
+  const Hwnd room = chat.OpenRoom("Lobby");
+  // A file counted while the room takes line 1.
+  const PumpHookId counted = AddPumpHook([&] {
+    if (chat.Transcript(room).size() == 1) f.lblUps->SetCaption("13");
+  });
+  {
+    test::PumpBudget budget(20000);
+    BragStats(f);
+  }
+  RemovePumpHook(counted);
+  ASSERT_EQ(chat.Transcript(room).size(), 3u);
+  EXPECT_EQ(chat.Transcript(room)[1], kLine2Head + " brag : 13tgs : 85.20mbs" + kTail);
+}
+
 TEST_F(ChatTest, GigsInTheCountsLine) {
   FrmMain f;
   f.lblUps->SetCaption("3001");

@@ -101,6 +101,22 @@ TEST_F(FullBoxEditorTest, NoFullBoxesAndNoClient) {
     EXPECT_EQ(prompts.boxes[0].text, "there are no full boxes");
     EXPECT_EQ(prompts.boxes[0].flags, 4160);
   }
+  // A client that quits once the question is answered: the check reached the removal, so the
+  // user hears its result.
+  prompts.boxes.clear();
+  Start(5);
+  {
+    const PumpHookId quit = AddPumpHook([this] {
+      if (client->Running() && !client->EventDetails(sim::kEventMailDiscarded).empty()) {
+        client->Quit();
+      }
+    });
+    FrmEmailto w;
+    Check(w);
+    RemovePumpHook(quit);
+    ASSERT_EQ(prompts.boxes.size(), 1u);
+    EXPECT_EQ(prompts.boxes[0].text, "there are no full boxes");
+  }
   // Generation 2: the check ends with no message.
   prompts.boxes.clear();
   Start(2);
