@@ -6,7 +6,7 @@
 #include <string>
 
 #include "base/failure.h"
-#include "codec/cp1252.h"
+#include "base/cp1252.h"
 #include "codec/genres.h"
 #include "codec/id3v1.h"
 

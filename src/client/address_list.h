@@ -1,6 +1,7 @@
 #pragma once
 // A list of addresses that the caller owns (the run's send list, the mail-list editor's list).
-// The full-box check reads it and removes what the client reports as full or invalid.
+// The full-box check reads it and removes what the client reports as full or invalid. Items are
+// code-page text, as the client's report is.
 #include <string>
 
 namespace qc {

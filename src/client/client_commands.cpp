@@ -18,7 +18,7 @@ void RunMainMenu(WindowSystem& ws, const std::string& itemText) {
       std::int32_t id = ws.GetMenuItemID(sub, j);
       std::string text(100, ' ');
       ws.GetMenuStringA(sub, id, text, aol::kMenuTextLength, aol::kMenuTextFlags);
-      if (InStr(LowerCase(text), LowerCase(itemText)) > 0) {
+      if (InStr(LowerCodePage(text), LowerCodePage(itemText)) > 0) {
         // Sent, so that the client has handled it when this returns.
         ws.SendMessageA(frame, aol::kWmCommand, id, LParam());
         return;

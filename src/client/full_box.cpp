@@ -10,8 +10,8 @@
 namespace qc {
 namespace {
 
-// Subject and body of the probe: one no-break blank each.
-const std::string kNoBreakBlank = "\u00A0";
+// Subject and body of the probe: one no-break blank each, in the code page.
+const std::string kNoBreakBlank = "\xA0";
 
 // Guards that nothing ever sets: the generation 4 probe is never run, and the early return of the
 // silent check is never taken.
@@ -75,7 +75,7 @@ std::string RemoveFullBoxes(WindowSystem& ws, const std::function<AddressList&()
 
 std::string RemoveReported(const std::string& report, AddressList& list) {
   // Only the report is folded and stripped: an item with a capital or a blank is never found.
-  const std::string folded = LowerCase(report);
+  const std::string folded = LowerCodePage(report);
   std::string removed;
   const int last = list.Count() - 1;
   for (int i = 0; i <= last; ++i) {

@@ -41,7 +41,9 @@ void SetCheck(WindowSystem& ws, Hwnd control, std::int32_t state) {
 void GhostOld(WindowSystem& ws, const std::array<std::int32_t, 7>& states) {
   const Hwnd mdi = FindMdiClient(ws);
   KeywordWindow(ws, aol::kKeywordBuddylist);
-  while (FindBuddyList(ws) == 0) WaitEvents();
+  do {
+    WaitEvents();
+  } while (FindBuddyList(ws) == 0);
   const Hwnd list = FindBuddyList(ws);
   Pause(0.5);
   const Hwnd icon5 = Hop(ws, list, aol::kIconClass, 5);

@@ -29,15 +29,6 @@ Hwnd ImWindow(WindowSystem& ws, Hwnd mdi) {
   return ws.FindWindowExA(mdi, 0, aol::kChildClass, aol::kSendImCaption);
 }
 
-// Characters, not bytes.
-std::string FirstChars(const std::string& s, std::size_t count) {
-  std::size_t n = 0;
-  for (std::size_t i = 0; i < s.size(); ++i) {
-    if ((static_cast<unsigned char>(s[i]) & 0xC0) != 0x80 && n++ == count) return s.substr(0, i);
-  }
-  return s;
-}
-
 // The client's complaint is the only answer looked for: a box means it refused, and the message
 // window (hidden on the keyword route) is closed; the window going away means it was taken.
 void EndGame(WindowSystem& ws, Hwnd mdi) {
@@ -60,7 +51,7 @@ void EndGame(WindowSystem& ws, Hwnd mdi) {
 
 void SendInstantMessage(WindowSystem& ws, const std::string& to, const std::string& text) {
   const std::int16_t generation = ClientVersion(ws);
-  const std::string cut = FirstChars(text, kImCut);
+  const std::string cut = text.substr(0, kImCut);
   if (generation == 4 || generation == 5) {
     SendImKeyword(ws, to, cut);
   } else if (generation == 3) {

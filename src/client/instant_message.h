@@ -8,14 +8,15 @@
 
 namespace qc {
 
-// Cuts text to 512 characters and takes the route of the running generation.
+// Cuts text to 512 characters and takes the route of the running generation. Texts are code-page
+// text, one byte a character.
 void SendInstantMessage(WindowSystem& ws, const std::string& to, const std::string& text);
 void SendImKeyword(WindowSystem& ws, const std::string& to, const std::string& text);
 void SendImGen3(WindowSystem& ws, const std::string& to, const std::string& text);
 void SendImGen2(WindowSystem& ws, const std::string& to, const std::string& text);
 
-// The text of the ims menu items: one no-break blank.
-inline constexpr char kImCommandText[] = "\u00A0";
+// The text of the ims menu items: one no-break blank, in the code page.
+inline constexpr char kImCommandText[] = "\xA0";
 inline constexpr char kImOn[] = "$im_on";
 inline constexpr char kImOff[] = "$im_off";
 

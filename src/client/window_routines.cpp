@@ -26,6 +26,10 @@ void CloseWindow(WindowSystem& ws, Hwnd window) {
   ws.PostMessageA(window, aol::kWmClose, 0, LParam());
 }
 
+std::string LowerCodePage(const std::string& text) {
+  return ToCodePage(LowerCase(FromCodePage(text)));
+}
+
 namespace {
 
 // The text of the entry at a position of a drop-down, read by its command id into 100 blanks.
@@ -49,7 +53,7 @@ std::int16_t ClientVersion(WindowSystem& ws) {
   if (InStr(second, "5.0") > 0) return 5;
   if (InStr(second, "4.0") > 0) return 4;
   const std::string pattern = LowerCase("&Contents");
-  return LowerCase(first).compare(0, pattern.size(), pattern) == 0 ? 2 : 3;
+  return LowerCodePage(first).compare(0, pattern.size(), pattern) == 0 ? 2 : 3;
 }
 
 Hwnd FindMdiClient(WindowSystem& ws) {

@@ -15,6 +15,8 @@ std::string WindowCaption(WindowSystem& ws, Hwnd window);
 std::string ControlText(WindowSystem& ws, Hwnd window);
 // Posts WM_CLOSE.
 void CloseWindow(WindowSystem& ws, Hwnd window);
+// Code-page text in lower case, as the platform folds it.
+std::string LowerCodePage(const std::string& text);
 
 // 5 or 4 by the version in the fifth drop-down's tenth entry, 2 when the seventh drop-down begins
 // with "&Contents", otherwise 3 (also when no client runs).

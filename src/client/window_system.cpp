@@ -1,5 +1,7 @@
 #include "client/window_system.h"
 
+#include "base/cp1252.h"
+
 namespace qc {
 
 LParam LParam::Word(std::int32_t& word) {
@@ -77,6 +79,9 @@ EmptyDesktop& TheEmptyDesktop() {
 }
 
 }  // namespace
+
+std::string ToCodePage(std::string_view programText) { return Utf8ToCp1252(programText); }
+std::string FromCodePage(std::string_view codePageText) { return Cp1252ToUtf8(codePageText); }
 
 WindowSystem& CurrentWindowSystem() { return gWindowSystem ? *gWindowSystem : TheEmptyDesktop(); }
 

@@ -2,11 +2,15 @@
 // The only door between the program and the client's windows. The operations carry the Win32
 // names and meanings; a real backend forwards them, the simulated desktop implements them.
 //
-// Text crosses as 8-bit text of the system code page. Handles and menus are 32-bit, 0 for none.
-// A failed call returns 0 (or -1 where Win32 does) and leaves its buffer as it was.
+// Text crosses as 8-bit text of the system code page: one byte a character, Windows-1252 in the
+// simulator (the ANSI code page on Windows). The drivers below this interface work on such text
+// too; the program's own strings are UTF-8 and become code-page text only through ToCodePage and
+// FromCodePage, at the calls from the program into the drivers. Handles and menus are 32-bit,
+// 0 for none. A failed call returns 0 (or -1 where Win32 does) and leaves its buffer as it was.
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace qc {
 
@@ -99,6 +103,11 @@ class WindowSystem {
   virtual std::int32_t ScreenWidthTwips() = 0;
   virtual std::int32_t ScreenHeightTwips() = 0;
 };
+
+// The one conversion between the program's UTF-8 and the code page of the window system. A
+// character the code page lacks becomes '?'; every code-page byte comes back as it went.
+std::string ToCodePage(std::string_view programText);
+std::string FromCodePage(std::string_view codePageText);
 
 // The window system in force: the one the program drives. Until one is installed it is an empty
 // desktop on which every lookup gives 0.

@@ -11,7 +11,7 @@
 
 #include "base/failure.h"
 #include "base/replace_file.h"
-#include "codec/cp1252.h"
+#include "base/cp1252.h"
 #include "codec/genres.h"
 #include "text/text_files.h"
 

@@ -248,11 +248,12 @@ void FrmEmailto::RemoveAll() { ActiveList().Clear(); }
 
 void FrmEmailto::CheckAndRemoveFullBoxes() {
   // The active list is taken anew at the removal: the user may switch lists during the wait.
-  WindowSystem& ws = CurrentWindowSystem();
-  const std::string removed =
-      RemoveFullBoxes(ws, [this]() -> AddressList& { return ActiveAddresses(); });
+  bool reachedRemoval = false;
+  const std::string removed = FromCodePage(RemoveFullBoxes(
+      CurrentWindowSystem(), [this]() -> AddressList& { return ActiveAddresses(); },
+      &reachedRemoval));
   // The check ended early, before any report, on generation 2 or without the client's frame.
-  if (ClientVersion(ws) == 2 || ws.FindWindowA(aol::kFrameClass, std::nullopt) == 0) return;
+  if (!reachedRemoval) return;
   if (removed.empty()) {
     CurrentPrompts().MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
   } else {

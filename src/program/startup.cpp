@@ -148,7 +148,7 @@ void SlideVersionLabel(Label& label) {
 }
 
 void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
-  const std::string screenName = ClientScreenName(CurrentWindowSystem());
+  const std::string screenName = FromCodePage(ClientScreenName(CurrentWindowSystem()));
   for (Option item : kOptions)
     frmMenu.setCheck(item, FlagIsOn(ReadSetting(FlagSetting(item), screenName)));
   frmMenu.lblHandle->SetCaption(ReadSetting(Setting::kHandle, screenName));

@@ -1,59 +1,17 @@
 #pragma once
-// The program's voice in the client's chat room: the three-line blocks (start, end, brag, the
-// file transfer's state), typed into the room's input box from outside. Uses the window system in
-// force (CurrentWindowSystem()).
-//
-// Parameters: the blocks read the counters from frmMain, so they take it; ScrollStats takes which
-// caller it serves, because the button's and the menu item's line 2 differ by one character.
-#include <string>
-
-#include "client/window_system.h"
+// The start, end and brag blocks, whose counts line reads frmMain's counters, and the chat tools'
+// wiring. The lines themselves and the typing are the client layer's.
+#include "client/chat_room.h"
 
 namespace qc {
 
 class FrmMain;
 class FrmMenu;
 
-// Line 1 and line 3 of every block, and the special characters they are made of (UTF-8).
-inline constexpr char kNbsp[] = "\u00A0";
-std::string ChatLine1();
-std::string ChatLine3();
-// Line 2 of the start, end and brag blocks: word is "start", "end" or "brag".
-std::string CountsLine(const std::string& word, const std::string& ups,
-                       const std::string& sizeText);
-
-// Types `text` into the chat room and waits, pumping, until the client has taken it; the user's
-// half-typed text is put back afterwards. With withCut a text of 92 characters or more is cut to
-// 92 before the tail (only on a RICHCNTL input) is appended. Nothing when text is empty or there
-// is no room. The wait has no limit.
-void ChatSend(std::string& text, bool& withTail, bool& withCut);
-
-// The first document window that looks like a chat room (either form), or 0; 0 also when that
-// first match is a window of the user's own (its text holds the screen name and "'s").
-Hwnd FindChatRoom();
-
-// The state of the client's file transfer window: "none" three times without one, "na" for a
-// percent or amount that is not a number.
-struct TransferStatus {
-  std::string percent;
-  std::string amount;
-  std::string file;
-  bool operator==(const TransferStatus&) const = default;
-};
-// A file text without a blank (or an amount text with none left) raises the invalid-argument
-// failure, as the string cuts do.
-TransferStatus ReadTransferStatus();
-
-// Line 2 of the scroll block: byMenu drops the "!" of the button's form.
-std::string ScrollLine(const TransferStatus& status, bool byMenu);
-
 // The three greeting lines at start-up and the three goodbye lines at exit, and the brag.
 void SendStartBlock(const FrmMain& frmMain);
 void SendEndBlock(const FrmMain& frmMain);
 void BragStats(const FrmMain& frmMain);
-// The transfer's state in three lines; byMenu for the menu item upchatscrolll, false for picBut5.
-void ScrollStats(bool byMenu = false);
-
 // Wires the menu items bragg, upchatscrolll, ucon, ucoff, imzonn, imzzoff, gonnnnn, gofffff and
 // the buttons picBut3 (upchat on), picBut4 (upchat off) and picBut5 (scroll stats).
 void ConnectChatTools(FrmMain& frmMain, FrmMenu& frmMenu);

@@ -6,7 +6,7 @@
 #include "run/chat.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
-#include "run/upchat.h"
+#include "client/upchat.h"
 #include "client/ghost.h"
 #include "client/instant_message.h"
 #include "client/window_routines.h"
@@ -15,7 +15,7 @@ namespace qc {
 namespace {
 
 void SendImCommand(const std::string& to) {
-  SendInstantMessage(CurrentWindowSystem(), to, kImCommandText);
+  SendInstantMessage(CurrentWindowSystem(), ToCodePage(to), kImCommandText);
 }
 
 bool NewGeneration() {

@@ -10,32 +10,30 @@
 namespace qc {
 
 RunDrivers RealRunDrivers() {
+  // The program's texts go to the drivers in the code page, and the screen name comes back.
   RunDrivers d;
-  d.clientScreenName = [] { return ClientScreenName(CurrentWindowSystem()); };
+  d.clientScreenName = [] { return FromCodePage(ClientScreenName(CurrentWindowSystem())); };
   d.clientVersion = [] { return ClientVersion(CurrentWindowSystem()); };
   d.checkFullBoxes = [](AddressList& list) { CheckFullBoxes(CurrentWindowSystem(), list); };
-  d.sendFileMail95 = [](const std::string& to, const std::string& subject,
-                        const std::string& body, const std::string& path, bool sendLater) {
-    SendFileMail95(CurrentWindowSystem(), to, subject, body, path, sendLater);
+  const auto file = [](auto driver) {
+    return [driver](const std::string& to, const std::string& subject, const std::string& body,
+                    const std::string& path, bool sendLater) {
+      driver(CurrentWindowSystem(), ToCodePage(to), ToCodePage(subject), ToCodePage(body),
+             ToCodePage(path), sendLater);
+    };
   };
-  d.sendFileMail50 = [](const std::string& to, const std::string& subject,
-                        const std::string& body, const std::string& path, bool sendLater) {
-    SendFileMail50(CurrentWindowSystem(), to, subject, body, path, sendLater);
+  const auto notice = [](auto driver) {
+    return [driver](const std::string& to, const std::string& subject, const std::string& body) {
+      driver(CurrentWindowSystem(), ToCodePage(to), ToCodePage(subject), ToCodePage(body));
+    };
   };
-  d.sendFileMail40 = [](const std::string& to, const std::string& subject,
-                        const std::string& body, const std::string& path, bool sendLater) {
-    SendFileMail40(CurrentWindowSystem(), to, subject, body, path, sendLater);
-  };
-  d.sendNoticeMail95 = [](const std::string& to, const std::string& subject,
-                          const std::string& body) {
-    SendNoticeMail95(CurrentWindowSystem(), to, subject, body);
-  };
-  d.sendNoticeMail50 = [](const std::string& to, const std::string& subject,
-                          const std::string& body) {
-    SendNoticeMail50(CurrentWindowSystem(), to, subject, body);
-  };
+  d.sendFileMail95 = file(SendFileMail95);
+  d.sendFileMail50 = file(SendFileMail50);
+  d.sendFileMail40 = file(SendFileMail40);
+  d.sendNoticeMail95 = notice(SendNoticeMail95);
+  d.sendNoticeMail50 = notice(SendNoticeMail50);
   d.runMainMenu = [](const std::string& itemText) {
-    RunMainMenu(CurrentWindowSystem(), itemText);
+    RunMainMenu(CurrentWindowSystem(), ToCodePage(itemText));
   };
   d.runToolbarMenu = [](std::int16_t iconIndex, std::int16_t downCount) {
     RunToolbarMenu(CurrentWindowSystem(), iconIndex, downCount);

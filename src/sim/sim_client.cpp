@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <sstream>
 
 #include "client/vocabulary.h"
 
@@ -15,13 +16,68 @@ std::string Lower(std::string s) {
 
 }  // namespace
 
+// How long the client takes no input after its own actions, on generations 2, 3, 4 and 5. Each is
+// shorter than the pause the scripts make before their next input there, and longer than what
+// passes without that pause.
+struct BusySpell {
+  const char* key;
+  double seconds[4];
+};
+constexpr BusySpell kBusy[] = {
+    {"Write Mail build", {0, 0, 0, 0.15}},         // two pauses of 0.2 before the next press
+    {"Compose Mail build", {0, 0.3, 0, 0}},        // 0.5 before the filling and the attach icon
+    {"Attachments", {0, 0, 0.15, 0.15}},           // 0.25 before its first icon
+    {"Attach done", {0, 0, 0, 0.15}},              // 0.2 before the confirming icon
+    {"Attach File done", {0, 0.4, 0, 0}},          // 0.6 before the Send Later icon
+    {"mail body", {0, 0, 0.15, 0}},                // 0.5 (the probe 0.2) before the next icon
+    {"Buddy List", {0.3, 0.3, 0.3, 0.3}},          // 0.5 before the list's 5th icon
+    {"Privacy Preferences", {0.3, 0.3, 0.3, 0.3}}, // 0.5 before the check boxes
+    {"Privacy saved", {0.05, 0.05, 0.3, 0.3}},     // 0.1 and 0.5 before the lists are closed
+    {"toolbar popup", {0, 0, 0.05, 0}},            // 0.1 before the keys on generation 4
+};
+
 SimClient::SimClient(SimDesktop& desktop, ClientOptions options)
     : desktop_(desktop), options_(std::move(options)) {
   InstallBuiltins();
+  desktop_.SetInputFilter([this](const SimMessage& m) { return Refuses(m); });
+  desktop_.SetRefusalListener([this](const SimMessage& m, const std::string& why) {
+    if (!Running()) return;
+    Log(kEventRefused, why + " " + std::to_string(m.message) + " " + desktop_.PathOf(m.window));
+  });
   if (options_.running) Start();
 }
 
-SimClient::~SimClient() { Quit(); }
+SimClient::~SimClient() {
+  Quit();
+  desktop_.SetInputFilter(nullptr);
+  desktop_.SetRefusalListener(nullptr);
+}
+
+const char* SimClient::Refuses(const SimMessage& m) const {
+  if (!IsBusy() || !Running()) return nullptr;
+  if (!IsInput(m) && !(m.posted && m.message == aol::kWmClose)) return nullptr;
+  // Only the client's own windows are busy, not those of other programs.
+  Hwnd top = m.window;
+  while (desktop_.ParentOf(top) != 0) top = desktop_.ParentOf(top);
+  if (top != frame_ && std::find(owned_.begin(), owned_.end(), top) == owned_.end()) {
+    return nullptr;
+  }
+  return "busy";
+}
+
+void SimClient::Busy(double seconds) {
+  if (!options_.busy || seconds <= 0) return;
+  busyUntil_ = std::max(busyUntil_, CurrentClock().Now() + seconds);
+}
+
+void SimClient::BusyAfter(const std::string& key) {
+  const int g = std::clamp(options_.generation, 2, 5) - 2;
+  for (const BusySpell& b : kBusy) {
+    if (key == b.key) Busy(b.seconds[g]);
+  }
+}
+
+bool SimClient::IsBusy() const { return CurrentClock().Now() < busyUntil_; }
 
 // ---------------------------------------------------------------- lifecycle
 
@@ -29,12 +85,37 @@ void SimClient::Start() {
   Quit();
   run_ = std::make_shared<int>(0);
   BuildTree();
+  if (options_.noise) OpenNoise();
+}
+
+void SimClient::OpenNoise() {
+  // Another program's box, on top of every window, with buttons like the client's boxes.
+  Hwnd box = desktop_.NewWindow(0, aol::kDialogClass, "Save As");
+  desktop_.SetTopmost(box);
+  foreign_.push_back(box);
+  desktop_.NewWindow(box, "Static", "File name:");
+  desktop_.NewWindow(box, aol::kEditClass);
+  for (const char* label : {aol::kOkCaption, "Cancel"}) {
+    Hwnd b = desktop_.NewWindow(box, aol::kButtonClass, label);
+    desktop_.SetHandler(b, [this, label](const SimMessage& m) -> std::optional<std::int32_t> {
+      if (m.message == aol::kWmKeyUp) Log(kEventForeignPress, label);
+      return 0;
+    });
+  }
+  // A buddy's message window that keeps coming to the front.
+  noiseDocument_ = OpenDocument("Instant Message From: Pat");
+  AddControls(noiseDocument_, aol::kRichTextClass, 2);
+  AddControls(noiseDocument_, aol::kIconClass, 2);
 }
 
 void SimClient::Quit() {
   run_.reset();
   for (Hwnd h : owned_) desktop_.DestroyWindow(h);
   owned_.clear();
+  for (Hwnd h : foreign_) desktop_.DestroyWindow(h);
+  foreign_.clear();
+  noiseDocument_ = pressed_ = keyDown_ = 0;
+  busyUntil_ = 0;
   desktop_.DestroyWindow(frame_);
   frame_ = mdi_ = toolbar_ = keywordEdit_ = popup_ = 0;
   popupLevels_.clear();
@@ -147,11 +228,72 @@ void SimClient::Later(const std::string& key, Action action) {
   });
 }
 
+void SimClient::BuildInStages(Hwnd window, const std::string& key, std::vector<Part> parts,
+                              Action ready) {
+  if (parts.empty()) return;
+  std::vector<std::size_t> place(parts.size());
+  for (std::size_t i = 0; i < place.size(); ++i) place[i] = i;
+  // The parts named late go to the end in the order named.
+  std::size_t late = 0;
+  std::stringstream names(options_.lastPart);
+  for (std::string name; std::getline(names, name, ',');) {
+    for (std::size_t i = 0; i + late < parts.size(); ++i) {
+      if (parts[i].name != name) continue;
+      std::rotate(parts.begin() + static_cast<long>(i), parts.begin() + static_cast<long>(i) + 1,
+                  parts.end());
+      std::rotate(place.begin() + static_cast<long>(i), place.begin() + static_cast<long>(i) + 1,
+                  place.end());
+      ++late;
+      break;
+    }
+  }
+  auto build = std::make_shared<Staged>(
+      Staged{window, key, std::move(parts), std::move(ready), std::move(place), {}});
+  build->slowBefore = late > 0 ? build->parts.size() - late : build->parts.size() - 1;
+  RunStage(build, 0);
+}
+
+void SimClient::RunStage(const std::shared_ptr<Staged>& build, std::size_t i) {
+  if (!desktop_.Exists(build->window)) return;
+  build->parts[i].add();
+  // A part that comes late still takes its place among the children, as the client orders them.
+  const std::size_t place = build->place[i];
+  std::vector<Hwnd> added;
+  for (Hwnd child : desktop_.Children(build->window)) {
+    if (!build->placeOf.count(child)) added.push_back(child);
+  }
+  Hwnd before = 0;
+  for (Hwnd child : desktop_.Children(build->window)) {
+    auto it = build->placeOf.find(child);
+    if (it != build->placeOf.end() && it->second > place) {
+      before = child;
+      break;
+    }
+  }
+  for (Hwnd child : added) {
+    desktop_.PlaceBefore(child, before);
+    build->placeOf[child] = place;
+  }
+  if (i + 1 == build->parts.size()) {
+    if (build->ready) build->ready();
+    BusyAfter(build->key);
+    return;
+  }
+  const double delay = i + 1 == build->slowBefore ? options_.lastDelay : options_.stageDelay;
+  std::weak_ptr<int> run = run_;
+  desktop_.Schedule(delay, [this, run, build, i] {
+    if (run.lock()) RunStage(build, i + 1);
+  });
+}
+
 // ---------------------------------------------------------------- building windows
 
 Hwnd SimClient::OpenDocument(const std::string& caption) {
   if (!mdi_) return 0;
-  return desktop_.NewWindow(mdi_, aol::kChildClass, caption, true, true);
+  Hwnd h = desktop_.NewWindow(mdi_, aol::kChildClass, caption, true, true);
+  // The buddy's message window pushes in front of every new one.
+  if (noiseDocument_ != 0 && desktop_.Exists(noiseDocument_)) desktop_.BringToTop(noiseDocument_);
+  return h;
 }
 
 Hwnd SimClient::AddControl(Hwnd parent, const std::string& className, const std::string& text) {
@@ -164,24 +306,26 @@ Hwnd SimClient::AddControls(Hwnd parent, const std::string& className, int count
   return last;
 }
 
-Hwnd SimClient::OpenTopLevel(const std::string& className, const std::string& caption) {
+Hwnd SimClient::OpenTopLevel(const std::string& className, const std::string& caption,
+                             Hwnd owner) {
   Hwnd h = desktop_.NewWindow(0, className, caption);
+  if (owner != 0) desktop_.SetModal(h, owner);
   std::erase_if(owned_, [this](Hwnd o) { return !desktop_.Exists(o); });
   owned_.push_back(h);
   return h;
 }
 
 void SimClient::OnClick(Hwnd control, const std::string& key, Action action) {
-  auto pressed = std::make_shared<bool>(false);
-  desktop_.SetHandler(control, [this, key, action, pressed](
+  desktop_.SetHandler(control, [this, control, key, action](
                                    const SimMessage& m) -> std::optional<std::int32_t> {
     if (m.message == aol::kWmLButtonDown) {
-      *pressed = true;
+      pressed_ = control;
       return 0;
     }
     if (m.message != aol::kWmLButtonUp) return std::nullopt;
-    if (!*pressed) return 0;  // a release without a press is no click
-    *pressed = false;
+    // A release is a click only on the control the button went down on.
+    if (pressed_ != control) return 0;
+    pressed_ = 0;
     if (ignoreClicks_ > 0) {
       --ignoreClicks_;
       Log(kEventClickIgnored, key);
@@ -194,16 +338,16 @@ void SimClient::OnClick(Hwnd control, const std::string& key, Action action) {
 }
 
 void SimClient::OnSpacePress(Hwnd button, const std::string& key, Action action) {
-  auto down = std::make_shared<bool>(false);
-  desktop_.SetHandler(button, [this, key, action, down](
+  desktop_.SetHandler(button, [this, button, key, action](
                                   const SimMessage& m) -> std::optional<std::int32_t> {
     if (m.message == aol::kWmKeyDown && m.wParam == aol::kKeySpace) {
-      *down = true;
+      keyDown_ = button;
       return 0;
     }
-    if (m.message == aol::kWmKeyUp && m.wParam == aol::kKeySpace && *down) {
-      *down = false;
-      if (action) Later(key, action);
+    if (m.message == aol::kWmKeyUp && m.wParam == aol::kKeySpace && keyDown_ == button) {
+      keyDown_ = 0;
+      // A dialog's button acts before the key message returns, as a dialog procedure does.
+      if (action) action();
       return 0;
     }
     return std::nullopt;
@@ -212,7 +356,8 @@ void SimClient::OnSpacePress(Hwnd button, const std::string& key, Action action)
 
 Hwnd SimClient::ShowDialog(const std::string& caption, const std::string& text,
                            const std::vector<std::string>& buttons, ButtonAction pressed) {
-  Hwnd dialog = OpenTopLevel(aol::kDialogClass, caption);
+  // A message box: the client takes no input until it is answered.
+  Hwnd dialog = OpenTopLevel(aol::kDialogClass, caption, frame_);
   AddControl(dialog, "Static", text);
   for (const std::string& label : buttons) {
     Hwnd b = AddControl(dialog, aol::kButtonClass, label);

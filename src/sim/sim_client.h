@@ -1,7 +1,12 @@
 #pragma once
 // A simulated AOL client on a SimDesktop: generation 2, 3, 4 or 5, signed on or not, running or
-// not. It builds the client's window tree and reacts to the program's messages as the client
-// does, on later pumps and after a reaction delay, so that the program's waits are exercised.
+// not. It builds the client's window tree and reacts to the program's messages as strictly as the
+// real client: a sent message is taken inside the send, a posted one when a pump delivers it, and
+// what it does shows after the client's reaction time; a click
+// is a button-down and a button-up on the same control; windows are built in stages over several
+// pumps; after some of its actions the client is busy for a while and takes no input, so that the
+// scripts' pauses matter; its modal windows block their owners; and with noise, other windows of
+// the same classes stand on the desktop.
 //
 // Reactions are keyed by text: a main-menu or toolbar-popup entry by its text ("&Compose Mail"),
 // a keyword as typed, a toolbar icon as "toolbar icon N", a control's click by a key its builder
@@ -24,8 +29,17 @@ struct ClientOptions {
   int generation = 5;  // 2, 3, 4 or 5
   bool signedOn = true;
   std::string screenName = "Brindle Rose";
-  double reactionDelay = 0.05;  // seconds between a message and the client's visible reaction
+  double reactionDelay = 0.05;  // seconds between taking a message and showing what it did
   bool running = true;          // false: the client is absent until Start()
+  // Windows are built one part a stage, this far apart; the last part after lastDelay (a slow
+  // client has a long one). lastPart names parts to come last, in this order and the first of
+  // them after lastDelay ("last-icon", "more-icons,last-icon", "combo", "edits", "subject",
+  // "rich", "icons", "button"...); empty keeps each window's own order.
+  double stageDelay = 0.02;
+  double lastDelay = 0.02;
+  std::string lastPart = "";
+  bool busy = true;    // takes no input for a while after some actions
+  bool noise = false;  // another program's dialog on top, a buddy's message window in front
 };
 
 struct ClientEvent {
@@ -44,6 +58,8 @@ inline constexpr char kEventClickIgnored[] = "click ignored";
 inline constexpr char kEventOutgoingMail[] = "outgoing mail opened";
 inline constexpr char kEventAboutBox[] = "about box opened";
 inline constexpr char kEventForeignKey[] = "foreign popup key";  // detail: key number
+inline constexpr char kEventRefused[] = "input refused";  // detail: why, message, target
+inline constexpr char kEventForeignPress[] = "foreign box pressed";  // detail: button
 
 // Entries of the toolbar popup menus and the outgoing list.
 inline constexpr char kPopupOutgoingEntry[] = "Mail &Waiting To Be Sent";
@@ -106,14 +122,24 @@ class SimClient {
   // A control behind the parent's other children; `count` of them, the last one returned.
   Hwnd AddControl(Hwnd parent, const std::string& className, const std::string& text = "");
   Hwnd AddControls(Hwnd parent, const std::string& className, int count);
-  // A top-level window of the client (modal, dialog); closed with the client.
-  Hwnd OpenTopLevel(const std::string& className, const std::string& caption);
+  // A top-level window of the client (modal, dialog); closed with the client. With an owner it is
+  // modal: the owner takes no input while it is open.
+  Hwnd OpenTopLevel(const std::string& className, const std::string& caption, Hwnd owner = 0);
+  // A window built in stages: the first part now, each further one on a later pump (the part
+  // that options name as last goes last). `ready` runs with the last part: the client sets its
+  // form up then, and is busy for the time set for `key`.
+  struct Part {
+    std::string name;
+    Action add;
+  };
+  void BuildInStages(Hwnd window, const std::string& key, std::vector<Part> parts,
+                     Action ready = nullptr);
   // Full control over a window's messages (replaces its click or press reaction).
   void OnMessage(Hwnd window, MessageHandler handler) { desktop_.SetHandler(window, handler); }
-  // A click: 513 then 514 on the control, sent or posted. Logged at once, run later under `key`.
-  // Subject to the ignored-clicks fault.
+  // A click: 513 then 514 on the same control, sent or posted; taken when the 514 arrives, run
+  // later under `key`. Subject to the ignored-clicks fault.
   void OnClick(Hwnd control, const std::string& key, Action action);
-  // A press by the Space key: 256 then 257 with key 32. Run later under `key`.
+  // A press by the Space key: 256 then 257 with key 32 on the same control; acts on the 257.
   void OnSpacePress(Hwnd button, const std::string& key, Action action);
   // A system dialog (#32770) with a text and buttons (class Button); a Space press on a button
   // closes the dialog and then tells `pressed` which one. Key: the caption.
@@ -127,9 +153,15 @@ class SimClient {
   void OpenToolbarPopup();
 
   // --- Time ---
-  // Runs `action` on a later pump, after the reaction delay and the slowness set for `key`.
-  // Dropped if the client has quit in the meantime.
+  // Runs `action` on a later pump, after the reaction delay and the slowness set for `key`: the
+  // client takes a message at once (inside the send, or when the pump delivers it) and shows
+  // what it did a moment later. Dropped if the client has quit in the meantime.
   void Later(const std::string& key, Action action);
+  // The client takes no input for `seconds` from now, or for as long as its own action `key`
+  // keeps it busy on this generation.
+  void Busy(double seconds);
+  void BusyAfter(const std::string& key);
+  bool IsBusy() const;
   void SetReactionDelay(double seconds) { options_.reactionDelay = seconds; }
   double reactionDelay() const { return options_.reactionDelay; }
 
@@ -172,6 +204,18 @@ class SimClient {
   void OpenInstantMessagePlaceholder(const std::string& to);
   std::optional<std::int32_t> KeywordEditMessage(const SimMessage& m);
   std::optional<std::int32_t> PopupMessage(Hwnd popup, const SimMessage& m);
+  void OpenNoise();
+  const char* Refuses(const SimMessage& m) const;
+  struct Staged {
+    Hwnd window;
+    std::string key;
+    std::vector<Part> parts;
+    Action ready;
+    std::vector<std::size_t> place;        // each part's place in the finished window
+    std::map<Hwnd, std::size_t> placeOf;  // the children built so far, by their part's place
+    std::size_t slowBefore = 0;           // the stage that comes after the slow delay
+  };
+  void RunStage(const std::shared_ptr<Staged>& build, std::size_t i);
 
   SimDesktop& desktop_;
   ClientOptions options_;
@@ -183,6 +227,11 @@ class SimClient {
   Hwnd toolbar_ = 0;
   Hwnd keywordEdit_ = 0;
   std::vector<Hwnd> owned_;  // top-level windows besides the frame
+  std::vector<Hwnd> foreign_;  // other programs' windows (noise)
+  Hwnd noiseDocument_ = 0;
+  Hwnd pressed_ = 0;   // the control the last button-down went to
+  Hwnd keyDown_ = 0;   // the control the last Space went down on
+  double busyUntil_ = 0;
   std::map<std::int32_t, std::string> commands_;  // main-menu id -> entry text
 
   std::map<std::string, Action> menuActions_;

@@ -1,6 +1,8 @@
 // The client's built-in reactions: the keyword box and Keyword window, the about box, the
 // toolbar popup menu, the outgoing mail list, and bare mail and message windows that the mail and
 // message modules replace with working ones.
+#include <memory>
+
 #include "client/vocabulary.h"
 #include "sim/sim_client.h"
 
@@ -54,23 +56,31 @@ void SimClient::OpenKeywordWindow() {
     return;
   }
   Hwnd w = OpenDocument(aol::kKeywordCaption);
-  AddControl(w, aol::kStaticClass, "Type a keyword and click Go");
-  Hwnd edit = AddControl(w, aol::kAolEditClass);
-  Hwnd go = AddControl(w, aol::kIconClass);
-  AddControl(w, aol::kIconClass);  // Search
-  OnClick(go, "Keyword go", [this, w, edit] {
-    if (!desktop_.Exists(w)) return;
-    std::string keyword = TrimBlanks(desktop_.TextOf(edit));
-    desktop_.DestroyWindow(w);
-    if (!keyword.empty()) RunKeyword(keyword);
-  });
+  auto edit = std::make_shared<Hwnd>(0);
+  BuildInStages(w, aol::kKeywordCaption,
+                {{"edits",
+                  [this, w, edit] {
+                    AddControl(w, aol::kStaticClass, "Type a keyword and click Go");
+                    *edit = AddControl(w, aol::kAolEditClass);
+                  }},
+                 {"icons", [this, w, edit] {
+                    Hwnd go = AddControl(w, aol::kIconClass);
+                    AddControl(w, aol::kIconClass);  // Search
+                    OnClick(go, "Keyword go", [this, w, edit] {
+                      if (!desktop_.Exists(w)) return;
+                      std::string keyword = TrimBlanks(desktop_.TextOf(*edit));
+                      desktop_.DestroyWindow(w);
+                      if (!keyword.empty()) RunKeyword(keyword);
+                    });
+                  }}},
+                [this, edit] { desktop_.SetText(*edit, ""); });
 }
 
 // ---------------------------------------------------------------- about box
 
 void SimClient::OpenAboutBox() {
   Log(kEventAboutBox, "");
-  Hwnd box = OpenTopLevel(aol::kModalClass, "");
+  Hwnd box = OpenTopLevel(aol::kModalClass, "", frame_);
   AddControl(box, aol::kStaticClass, "America Online");
   Hwnd ok = AddControl(box, aol::kIconClass);
   AddControl(box, aol::kIconClass);
@@ -85,6 +95,7 @@ void SimClient::OpenToolbarPopup() {
   popupLevels_ = {{&popupEntries_, -1}};
   Hwnd popup = OpenTopLevel(aol::kPopupMenuClass, "");
   popup_ = popup;
+  BusyAfter("toolbar popup");
   desktop_.SetHandler(popup, [this, popup](const SimMessage& m) { return PopupMessage(popup, m); });
   desktop_.OnDestroy(popup, [this, popup] {
     if (popup_ == popup) {

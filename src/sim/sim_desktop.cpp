@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "base/cp1252.h"
 #include "client/vocabulary.h"
 
 namespace qc::sim {
@@ -19,7 +20,12 @@ bool SameClass(const std::string& a, const std::string& b) {
   return true;
 }
 
-std::string Quoted(const OptText& t) { return t ? "\"" + *t + "\"" : "*"; }
+std::string Quoted(const OptText& t) { return t ? "\"" + Cp1252ToUtf8(*t) + "\"" : "*"; }
+
+// The lParam as the trace shows it: texts decoded from the code page.
+std::string Describe(const LParam& p) {
+  return p.kind() == LParam::Kind::kText ? "\"" + Cp1252ToUtf8(p.text()) + "\"" : p.Describe();
+}
 
 // Copies what the platform copies: at most maxCount - 1 characters, then a NUL, never past the
 // buffer's own size.
@@ -35,6 +41,21 @@ std::int32_t CopyOut(const std::string& text, std::string& buffer, std::int32_t 
 constexpr std::int32_t kByPosition = 0x400;
 
 }  // namespace
+
+bool IsInput(const SimMessage& m) {
+  switch (m.message) {
+    case aol::kWmLButtonDown:
+    case aol::kWmLButtonUp:
+    case aol::kWmKeyDown:
+    case aol::kWmKeyUp:
+    case aol::kWmChar:
+    case aol::kBmSetCheck:
+    case aol::kWmCommand:
+      return true;
+    default:
+      return false;
+  }
+}
 
 SimDesktop::SimDesktop(int widthPixels, int heightPixels)
     : width_(widthPixels), height_(heightPixels), cursor_{widthPixels / 2, heightPixels / 2} {
@@ -120,21 +141,81 @@ void SimDesktop::BringToTop(Hwnd window) {
   if (!w) return;
   auto& list = SiblingsOf(w->parent);
   list.erase(std::find(list.begin(), list.end(), window));
-  list.insert(list.begin(), window);
+  auto at = list.begin();
+  if (w->parent == 0 && !w->topmost) {
+    at = std::find_if(list.begin(), list.end(), [this](Hwnd t) { return !Find(t)->topmost; });
+  }
+  list.insert(at, window);
+  Changed();
+}
+
+void SimDesktop::PlaceBefore(Hwnd window, Hwnd sibling) {
+  Window* w = Find(window);
+  if (!w || window == sibling) return;
+  auto& list = SiblingsOf(w->parent);
+  list.erase(std::find(list.begin(), list.end(), window));
+  list.insert(std::find(list.begin(), list.end(), sibling), window);
   Changed();
 }
 
 std::string SimDesktop::PathOf(Hwnd window) const {
   if (window == 0) return "0";
   const Window* w = Find(window);
-  if (!w) return "gone:" + std::to_string(window);
+  if (!w) {
+    auto gone = gonePaths_.find(window);
+    return "gone:" + (gone == gonePaths_.end() ? std::to_string(window) : gone->second);
+  }
+  // Top-level and document windows are told apart by their captions.
+  const Window* parent = Find(w->parent);
+  const bool named = w->parent == 0 || SameClass(parent->className, aol::kMdiClientClass);
   int n = 0;
   for (Hwnd h : *SiblingsPtr(w->parent)) {
-    if (SameClass(Find(h)->className, w->className)) ++n;
+    const Window* sibling = Find(h);
+    if (SameClass(sibling->className, w->className) && (!named || sibling->text == w->text)) ++n;
     if (h == window) break;
   }
-  std::string part = w->className + (n > 1 ? "#" + std::to_string(n) : "");
+  std::string part = w->className + (named ? "\"" + Shown(w->text) + "\"" : "") +
+                     (n > 1 ? "#" + std::to_string(n) : "");
   return w->parent == 0 ? part : PathOf(w->parent) + "/" + part;
+}
+
+std::string SimDesktop::Shown(const std::string& codePageText) const {
+  return Cp1252ToUtf8(codePageText);
+}
+
+bool SimDesktop::Minimised(Hwnd window) const {
+  const Window* w = Find(window);
+  return w && w->minimised;
+}
+
+void SimDesktop::SetTopmost(Hwnd window) {
+  Window* w = Find(window);
+  if (!w || w->parent != 0) return;
+  w->topmost = true;
+  BringToTop(window);
+}
+
+void SimDesktop::SetModal(Hwnd modal, Hwnd owner) {
+  if (Window* w = Find(modal)) {
+    w->modal = true;
+    w->owner = owner;
+  }
+}
+
+Hwnd SimDesktop::TopLevelOf(Hwnd window) const {
+  const Window* w = Find(window);
+  while (w && w->parent != 0) w = Find(w->parent);
+  return w ? w->handle : 0;
+}
+
+bool SimDesktop::Blocked(Hwnd window) const {
+  const Hwnd top = TopLevelOf(window);
+  if (top == 0) return false;
+  for (Hwnd h : topLevel_) {
+    const Window* m = Find(h);
+    if (m->modal && m->owner == top && m->visible && !m->minimised) return true;
+  }
+  return false;
 }
 
 std::string SimDesktop::Dump() const {
@@ -142,8 +223,9 @@ std::string SimDesktop::Dump() const {
   std::function<void(Hwnd, int)> walk = [&](Hwnd h, int depth) {
     const Window* w = Find(h);
     out += std::string(static_cast<std::size_t>(depth) * 2, ' ') + w->className;
-    if (!w->text.empty()) out += " \"" + w->text + "\"";
+    if (!w->text.empty()) out += " \"" + Shown(w->text) + "\"";
     if (!w->visible) out += " (hidden)";
+    if (w->minimised) out += " (minimised)";
     out += "\n";
     for (Hwnd c : w->children) walk(c, depth + 1);
   };
@@ -166,7 +248,11 @@ Hwnd SimDesktop::NewWindow(Hwnd parent, const std::string& className, const std:
   w.visible = visible;
   windows_.emplace(h, std::move(w));
   auto& list = SiblingsOf(parent);
-  if (parent == 0 || inFront) {
+  if (parent == 0) {
+    // In front, but behind the windows that stay on top.
+    auto at = std::find_if(list.begin(), list.end(), [this](Hwnd t) { return !Find(t)->topmost; });
+    list.insert(at, h);
+  } else if (inFront) {
     list.insert(list.begin(), h);
   } else {
     list.push_back(h);
@@ -184,6 +270,7 @@ void SimDesktop::DestroyWindow(Hwnd window) {
     doomed.push_back(h);
   };
   collect(window);
+  for (Hwnd h : doomed) gonePaths_[h] = PathOf(h);
   auto& list = SiblingsOf(w->parent);
   list.erase(std::find(list.begin(), list.end(), window));
   std::vector<std::function<void()>> done;
@@ -353,6 +440,13 @@ void SimDesktop::BeforeCall() {
 std::int32_t SimDesktop::Deliver(const SimMessage& m) {
   Window* w = Find(m.window);
   if (!w) return 0;
+  const char* refused = nullptr;
+  if (IsInput(m) && Blocked(m.window)) refused = "blocked by a modal window";
+  if (!refused && inputFilter_) refused = inputFilter_(m);
+  if (refused) {
+    if (refusalListener_) refusalListener_(m, refused);
+    return 0;
+  }
   if (w->handler) {
     MessageHandler handler = w->handler;  // the handler may destroy its window
     if (auto result = handler(m)) return *result;
@@ -373,6 +467,11 @@ std::int32_t SimDesktop::DefaultHandling(Window& w, const SimMessage& m) {
     }
     case aol::kWmGetText:
       if (m.lParam.kind() != LParam::Kind::kBuffer) return 0;
+      // wParam is the room of the buffer with its NUL; more would be written past its end.
+      if (m.wParam > static_cast<std::int32_t>(m.lParam.buffer()->size()) + 1) {
+        violations_.push_back("WM_GETTEXT of " + std::to_string(m.wParam) + " into buf[" +
+                              std::to_string(m.lParam.buffer()->size()) + "] " + PathOf(w.handle));
+      }
       return CopyOut(w.text, *m.lParam.buffer(), m.wParam);
     case aol::kWmGetTextLength:
       return static_cast<std::int32_t>(w.text.size());
@@ -384,12 +483,41 @@ std::int32_t SimDesktop::DefaultHandling(Window& w, const SimMessage& m) {
   }
 }
 
+void SimDesktop::CheckParameters(const SimMessage& m) {
+  // What each message carries, as the program's message table defines it.
+  const LParam::Kind kind = m.lParam.kind();
+  const bool zeroOrWord = m.posted ? kind == LParam::Kind::kZero : kind == LParam::Kind::kWord;
+  bool ok = true;
+  switch (m.message) {
+    case aol::kWmSetText: ok = m.wParam == 0 && kind == LParam::Kind::kText; break;
+    case aol::kWmGetText: ok = kind == LParam::Kind::kBuffer; break;
+    case aol::kWmGetTextLength: ok = m.wParam == 0 && kind == LParam::Kind::kWord; break;
+    case aol::kBmSetCheck: ok = kind == LParam::Kind::kWord; break;
+    case aol::kWmClose:
+    case aol::kWmKeyDown:
+    case aol::kWmKeyUp:
+    case aol::kWmLButtonDown:
+    case aol::kWmLButtonUp: ok = zeroOrWord; break;
+    case aol::kWmChar:
+    case aol::kWmCommand: ok = kind == LParam::Kind::kZero; break;
+    default: break;
+  }
+  if (m.lParam.kind() == LParam::Kind::kWord && ok) ok = *m.lParam.word() == 0 ||
+                                                        m.message == aol::kBmSetCheck;
+  if (!ok) {
+    violations_.push_back(std::string(m.posted ? "posted " : "sent ") +
+                          std::to_string(m.message) + " " + std::to_string(m.wParam) + " " +
+                          Describe(m.lParam) + " to " + PathOf(m.window));
+  }
+}
+
 std::int32_t SimDesktop::SendMessageA(Hwnd window, std::uint32_t message, std::int32_t wParam,
                                       LParam lParam) {
   BeforeCall();
+  CheckParameters({window, message, wParam, lParam, false});
   Record(TraceKind::kMessage, "SendMessageA",
          "SendMessageA " + PathOf(window) + " " + std::to_string(message) + " " +
-             std::to_string(wParam) + " " + lParam.Describe(),
+             std::to_string(wParam) + " " + Describe(lParam),
          window, message, wParam, lParam.kind());
   return Deliver({window, message, wParam, std::move(lParam), false});
 }
@@ -397,9 +525,10 @@ std::int32_t SimDesktop::SendMessageA(Hwnd window, std::uint32_t message, std::i
 std::int32_t SimDesktop::PostMessageA(Hwnd window, std::uint32_t message, std::int32_t wParam,
                                       LParam lParam) {
   BeforeCall();
+  CheckParameters({window, message, wParam, lParam, true});
   Record(TraceKind::kMessage, "PostMessageA",
          "PostMessageA " + PathOf(window) + " " + std::to_string(message) + " " +
-             std::to_string(wParam) + " " + lParam.Describe(),
+             std::to_string(wParam) + " " + Describe(lParam),
          window, message, wParam, lParam.kind());
   if (window != 0 && !Find(window)) return 0;
   // Posted to no window, it goes to the thread's own queue, where nothing reads it.
@@ -521,7 +650,7 @@ std::int32_t SimDesktop::GetMenuStringA(Hmenu menu, std::int32_t item, std::stri
   Record(TraceKind::kMenu, "GetMenuStringA",
          "GetMenuStringA " + MenuLabel(menu) + " " + std::to_string(item) + " " +
              std::to_string(maxCount) + " " + std::to_string(flags) + " -> " +
-             (found ? "\"" + found->text + "\"" : "0"));
+             (found ? "\"" + Shown(found->text) + "\"" : "0"));
   return n;
 }
 
@@ -542,7 +671,7 @@ std::int32_t SimDesktop::GetWindowTextA(Hwnd window, std::string& buffer, std::i
   std::int32_t n = w ? CopyOut(w->text, buffer, maxCount) : 0;
   Record(TraceKind::kText, "GetWindowTextA",
          "GetWindowTextA " + PathOf(window) + " " + std::to_string(maxCount) + " -> \"" +
-             (w ? w->text : "") + "\"",
+             (w ? Shown(w->text) : "") + "\"",
          window);
   return n;
 }
@@ -565,8 +694,27 @@ std::int32_t SimDesktop::ShowWindow(Hwnd window, std::int32_t command) {
          "ShowWindow " + PathOf(window) + " " + std::to_string(command), window);
   Window* w = Find(window);
   if (!w) return 0;
-  bool was = w->visible;
-  w->visible = command != 0;
+  const bool was = w->visible;
+  switch (command) {
+    case 0:  // SW_HIDE
+      w->visible = false;
+      break;
+    case 2:  // SW_SHOWMINIMIZED
+    case 6:  // SW_MINIMIZE
+    case 7:  // SW_SHOWMINNOACTIVE
+      w->visible = true;
+      w->minimised = true;
+      break;
+    case 1:  // SW_SHOWNORMAL
+    case 3:  // SW_SHOWMAXIMIZED
+    case 9:  // SW_RESTORE
+      w->visible = true;
+      w->minimised = false;
+      break;
+    default:  // shown as it stands
+      w->visible = true;
+      break;
+  }
   Changed();
   return was ? 1 : 0;
 }

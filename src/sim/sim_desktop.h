@@ -2,14 +2,19 @@
 // A desktop of simulated windows behind the WindowSystem interface.
 //
 // Windows have a handle, a class (matched without regard to case), a text (the caption, matched
-// exactly), a parent, an order among their siblings, a visibility and maybe a menu bar. Sent
-// messages are handled at once; posted ones wait in a queue that the pump delivers, so that the
-// program sees the other process react only between its own pumps. Every call the program makes
-// through the interface is recorded in a trace.
+// exactly, byte for byte: texts are Windows-1252 bytes), a parent, an order among their siblings,
+// a show state and maybe a menu bar. Sent messages are handled inside the send; posted ones wait
+// in a queue that the pump delivers, so that the program sees the other process react only
+// between its own pumps. Every call the program makes through the interface is recorded in a
+// trace, its texts shown as UTF-8.
 //
-// Order: top-level windows are kept front to back, and a new one comes to the front, as on a real
-// desktop. Children are kept in creation order; a new child goes to the back unless it is
-// created in front (the client's document windows) or brought to the top.
+// Order: top-level windows are kept front to back, and a new one comes to the front, behind the
+// windows that stay on top, as on a real desktop. Children are kept in creation order; a new child
+// goes to the back unless it is created in front (the client's document windows) or brought to
+// the top.
+//
+// Input (mouse, keys, typed characters, check-box sets, menu commands) to a window that an open
+// modal window blocks is refused, and so is what the input filter refuses.
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -31,6 +36,10 @@ struct SimMessage {
   bool posted = false;
 };
 
+// Input that a modal window or a busy receiver refuses: mouse, keys, characters, check-box sets,
+// menu commands; and a posted WM_CLOSE, which a busy receiver does not take either.
+bool IsInput(const SimMessage& m);
+
 // A window's own reaction to a message. nullopt leaves the message to the default handling:
 // WM_SETTEXT, WM_GETTEXT and WM_GETTEXTLENGTH on the window's text, WM_CLOSE destroys it.
 using MessageHandler = std::function<std::optional<std::int32_t>(const SimMessage&)>;
@@ -51,7 +60,9 @@ inline constexpr unsigned kTraceMessages = static_cast<unsigned>(TraceKind::kMes
 //   SendMessageA AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Combobox/Edit 12 0 "aol://9293:bob"
 //   SendMessageA #32770/Button 256 32 &0
 //   FindWindowA "#32768" * -> #32768
-// Targets are class paths from the desktop; "#n" is the n-th sibling of that class (n > 1).
+// Targets are class paths from the desktop; top-level and document windows (children of the
+// MDI area) are named with their caption in quotes. "#n" is the n-th sibling of that class (and
+// caption, where named), n > 1. A window that is gone is "gone:" and its last path.
 struct TraceEntry {
   TraceKind kind = TraceKind::kMessage;
   std::string op;
@@ -114,7 +125,28 @@ class SimDesktop : public WindowSystem {
   Hwnd ChildOfClass(Hwnd parent, const std::string& className, int n = 1) const;
   bool Visible(Hwnd window) const;  // the window's own flag
   void SetVisible(Hwnd window, bool visible);
+  bool Minimised(Hwnd window) const;
+  // A top-level window that stays in front of the others.
+  void SetTopmost(Hwnd window);
+  // While `modal` is open and shown (not minimised), input to `owner`, its children and the
+  // windows it owns is refused.
+  void SetModal(Hwnd modal, Hwnd owner);
+  bool Blocked(Hwnd window) const;
+  // Refuses input the modal windows let through; returns the reason, or nullptr to take it.
+  void SetInputFilter(std::function<const char*(const SimMessage&)> filter) {
+    inputFilter_ = std::move(filter);
+  }
+  // Told of every refused message and why.
+  void SetRefusalListener(std::function<void(const SimMessage&, const std::string& why)> l) {
+    refusalListener_ = std::move(l);
+  }
+  // Messages whose wParam or lParam break the message table (a sent click's lParam is the address
+  // of a zero word, a posted one's 0; WM_GETTEXTLENGTH reads with a zero word...) and what a real
+  // window would not survive, such as a WM_GETTEXT longer than its buffer. Tests expect none.
+  const std::vector<std::string>& Violations() const { return violations_; }
   void BringToTop(Hwnd window);  // front of its siblings
+  // Moves a window in front of a sibling (0: behind all its siblings).
+  void PlaceBefore(Hwnd window, Hwnd sibling);
   // Class path with instance numbers, as in the trace; "0" for none, "gone:<handle>" after destroy.
   std::string PathOf(Hwnd window) const;
   // The tree as indented text, one window a line: path-less class, caption, hidden mark.
@@ -178,6 +210,10 @@ class SimDesktop : public WindowSystem {
     Hwnd parent = 0;
     std::vector<Hwnd> children;
     bool visible = true;
+    bool minimised = false;
+    bool topmost = false;
+    Hwnd owner = 0;      // the window a modal one blocks
+    bool modal = false;
     Hmenu menu = 0;
     MessageHandler handler;
     std::vector<std::function<void()>> onDestroy;
@@ -206,6 +242,9 @@ class SimDesktop : public WindowSystem {
   Hwnd FindAmong(const std::vector<Hwnd>& list, std::size_t from, const OptText& className,
                  const OptText& caption) const;
   std::int32_t Deliver(const SimMessage& m);
+  void CheckParameters(const SimMessage& m);
+  Hwnd TopLevelOf(Hwnd window) const;
+  std::string Shown(const std::string& codePageText) const;
   std::int32_t DefaultHandling(Window& w, const SimMessage& m);
   const MenuItem* FindMenuItem(Hmenu menu, std::int32_t id, int depth) const;
   std::string MenuLabel(Hmenu menu) const;
@@ -232,6 +271,10 @@ class SimDesktop : public WindowSystem {
   int callsSinceSlice_ = 0;
   bool inSlice_ = false;
   PumpHookId hook_ = 0;
+
+  std::function<const char*(const SimMessage&)> inputFilter_;
+  std::function<void(const SimMessage&, const std::string&)> refusalListener_;
+  std::vector<std::string> violations_;
 
   std::deque<TraceEntry> trace_;
   std::size_t traceLimit_ = 200000;

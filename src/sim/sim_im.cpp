@@ -1,6 +1,8 @@
 // The simulated instant message windows, buddy lists and privacy page.
 #include "sim/sim_im.h"
 
+#include <memory>
+
 #include "client/vocabulary.h"
 
 namespace qc::sim {
@@ -9,6 +11,7 @@ namespace {
 constexpr char kImSentKey[] = "Instant Message sent";
 constexpr char kPrivacyKey[] = "Privacy Preferences";
 constexpr char kSavedKey[] = "Privacy saved";
+constexpr char kBuddyKey[] = "Buddy List";
 constexpr int kPrivacyControls = 7;
 
 }  // namespace
@@ -26,21 +29,37 @@ void SimIm::OpenImWindow(const std::string& to) {
   SimDesktop& d = client_.desktop();
   const Hwnd w = client_.OpenDocument(aol::kSendImCaption);
   imWindow_ = w;
+  auto toEdit = std::make_shared<Hwnd>(0);
+  auto text = std::make_shared<Hwnd>(0);
+  std::vector<SimClient::Part> parts;
   if (client_.generation() == 2) {
-    const Hwnd toEdit = client_.AddControl(w, aol::kAolEditClass);
-    const Hwnd textEdit = client_.AddControl(w, aol::kAolEditClass);
-    const Hwnd send = client_.AddControl(w, aol::kAolButtonClass, "Send");
-    client_.OnSpacePress(send, kImSentKey, [this, w, toEdit, textEdit, &d] {
-      Deliver(w, d.TextOf(toEdit), d.TextOf(textEdit));
-    });
-    return;
+    parts = {{"edits",
+              [this, w, toEdit, text] {
+                *toEdit = client_.AddControl(w, aol::kAolEditClass);
+                *text = client_.AddControl(w, aol::kAolEditClass);
+              }},
+             {"button", [this, w, toEdit, text, &d] {
+                const Hwnd send = client_.AddControl(w, aol::kAolButtonClass, "Send");
+                client_.OnSpacePress(send, kImSentKey, [this, w, toEdit, text, &d] {
+                  Deliver(w, d.TextOf(*toEdit), d.TextOf(*text));
+                });
+              }}};
+  } else {
+    parts = {{"edits", [this, w, toEdit] { *toEdit = client_.AddControl(w, aol::kAolEditClass); }},
+             {"rich", [this, w, text] { *text = client_.AddControl(w, aol::kRichTextClass); }},
+             {"icons", [this, w, toEdit, text, &d] {
+                const Hwnd send = client_.AddControls(w, aol::kIconClass, 9);
+                client_.AddControl(w, aol::kIconClass);
+                client_.OnClick(send, kImSentKey, [this, w, toEdit, text, &d] {
+                  Deliver(w, d.TextOf(*toEdit), d.TextOf(*text));
+                });
+              }}};
   }
-  const Hwnd toEdit = client_.AddControl(w, aol::kAolEditClass, to);
-  const Hwnd rich = client_.AddControl(w, aol::kRichTextClass);
-  const Hwnd send = client_.AddControls(w, aol::kIconClass, 9);
-  client_.AddControl(w, aol::kIconClass);
-  client_.OnClick(send, kImSentKey,
-                  [this, w, toEdit, rich, &d] { Deliver(w, d.TextOf(toEdit), d.TextOf(rich)); });
+  // Set up once built: the recipient the keyword named, an empty message.
+  client_.BuildInStages(w, kImSentKey, std::move(parts), [toEdit, text, to, &d] {
+    d.SetText(*toEdit, to);
+    d.SetText(*text, "");
+  });
 }
 
 void SimIm::Deliver(Hwnd window, const std::string& to, const std::string& text) {
@@ -70,11 +89,18 @@ void SimIm::OpenBuddyList() {
       continue;
     }
     const Hwnd w = client_.OpenDocument(caption);
-    client_.AddControl(w, aol::kListboxClass);
-    const Hwnd icon5 = client_.AddControls(w, aol::kIconClass, 5);
-    client_.AddControl(w, aol::kIconClass);
-    client_.OnClick(icon5, kPrivacyKey, [this] { OpenPrivacy(); });
     buddies_.push_back(w);
+    // The older clients take the first click on the list as its activation.
+    auto clicks = std::make_shared<int>(client_.generation() >= 4 ? 1 : 0);
+    client_.BuildInStages(w, kBuddyKey,
+                          {{"list", [this, w] { client_.AddControl(w, aol::kListboxClass); }},
+                           {"icons", [this, w, clicks] {
+                              const Hwnd icon5 = client_.AddControls(w, aol::kIconClass, 5);
+                              client_.AddControl(w, aol::kIconClass);
+                              client_.OnClick(icon5, kPrivacyKey, [this, clicks] {
+                                if (++*clicks >= 2) OpenPrivacy();
+                              });
+                            }}});
   }
 }
 
@@ -84,28 +110,34 @@ void SimIm::OpenPrivacy() {
     d.BringToTop(privacy_);
     return;
   }
-  privacy_ = client_.OpenDocument(aol::kPrivacyCaption);
+  const Hwnd page = client_.OpenDocument(aol::kPrivacyCaption);
+  privacy_ = page;
   states_.assign(kPrivacyControls, std::nullopt);
   const char* cls = client_.generation() >= 4 ? aol::kCheckboxClass : aol::kAolButtonClass;
-  for (int i = 0; i < kPrivacyControls; ++i) {
-    const Hwnd c = client_.AddControl(privacy_, cls);
-    client_.OnMessage(c, [this, i](const SimMessage& m) -> std::optional<std::int32_t> {
-      if (m.message != aol::kBmSetCheck) return std::nullopt;
-      writes_.emplace_back(i + 1, m.wParam);
-      states_[static_cast<std::size_t>(i)] = m.wParam;
-      return 0;
+  auto controls = [this, page, cls] {
+    for (int i = 0; i < kPrivacyControls; ++i) {
+      const Hwnd c = client_.AddControl(page, cls);
+      client_.OnMessage(c, [this, i](const SimMessage& m) -> std::optional<std::int32_t> {
+        if (m.message != aol::kBmSetCheck) return std::nullopt;
+        writes_.emplace_back(i + 1, m.wParam);
+        states_[static_cast<std::size_t>(i)] = m.wParam;
+        return 0;
+      });
+    }
+  };
+  auto icons = [this, page, &d] {
+    const Hwnd save = client_.AddControls(page, aol::kIconClass, 4);
+    client_.OnClick(save, kSavedKey, [this, page, &d] {
+      saves_.push_back(states_);
+      client_.Log(kEventPrivacySaved, "");
+      client_.ShowDialog(aol::kAolDialogCaption, "Your preferences have been saved.", {"OK"},
+                         [this, page, &d](const std::string&) {
+                           if (d.Exists(page)) d.DestroyWindow(page);
+                           client_.BusyAfter(kSavedKey);
+                         });
     });
-  }
-  const Hwnd save = client_.AddControls(privacy_, aol::kIconClass, 4);
-  const Hwnd page = privacy_;
-  client_.OnClick(save, kSavedKey, [this, page, &d] {
-    saves_.push_back(states_);
-    client_.Log(kEventPrivacySaved, "");
-    client_.ShowDialog(aol::kAolDialogCaption, "Your preferences have been saved.", {"OK"},
-                       [page, &d](const std::string&) {
-                         if (d.Exists(page)) d.DestroyWindow(page);
-                       });
-  });
+  };
+  client_.BuildInStages(page, kPrivacyKey, {{"controls", controls}, {"icons", icons}});
 }
 
 std::vector<Hwnd> SimIm::BuddyWindows() const {

@@ -203,36 +203,71 @@ void SimMail::OpenWriteMail() {
   Hwnd w = client_.OpenDocument(aol::kWriteMailCaption);
   if (w == 0) return;
   client_.Log(kEventMailOpened, aol::kWriteMailCaption);
-  Mail& m = mails_[w];
-  client_.AddControl(w, aol::kStaticClass, "Send To:");
-  m.to = client_.AddControl(w, aol::kAolEditClass);
-  client_.AddControl(w, aol::kStaticClass, "Copy To:");
-  client_.AddControl(w, aol::kAolEditClass);
-  client_.AddControl(w, aol::kStaticClass, "Subject:");
-  m.subject = client_.AddControl(w, aol::kAolEditClass);
-  m.body = client_.AddControl(w, aol::kRichTextClass);
+  mails_[w];
   desktop_.OnDestroy(w, Guarded([this, w] { mails_.erase(w); }));
   desktop_.SetHandler(w, [this, w](const SimMessage& msg) -> std::optional<std::int32_t> {
     if (msg.message != aol::kWmClose) return std::nullopt;
     AskOnClose(w);
     return 0;
   });
-  // The formatting boxes and the icons come a little later: the window is not built at once.
-  client_.Later("Write Mail build", Guarded([this, w] { FinishWriteMail(w); }));
-}
-
-void SimMail::FinishWriteMail(Hwnd w) {
-  if (!desktop_.Exists(w)) return;
   const bool five = client_.generation() == 5;
-  client_.AddControl(w, aol::kComboboxClass);
-  client_.AddControl(w, aol::kFontcomboClass);
-  client_.AddControls(w, aol::kIconClass, five ? 17 : 15);
   const int attach = five ? 14 : 13;
   const int send = five ? 16 : 14;
   const int later = five ? 17 : 15;
-  Click(MailIcon(w, attach), "Attachments", "attach", [this, w] { OpenAttachments(w); });
-  SendIcon(MailIcon(w, send), w);
-  Click(MailIcon(w, later), "Send Later", "send later", [this, w] { SendLater(w); });
+  // Built part by part, the icons before the fields; generation 5 adds its 17th icon last,
+  // generation 4 its formatting boxes.
+  std::vector<SimClient::Part> parts = {
+      // Eleven icons alone make the 14th hop land on the 2nd icon again.
+      {"icons", Guarded([this, w] { client_.AddControls(w, aol::kIconClass, 11); })},
+      {"more-icons",
+        Guarded([this, w, attach, send, later] {
+          client_.AddControls(w, aol::kIconClass, later - 12);
+          Click(MailIcon(w, attach), "Attachments", "attach", [this, w] { OpenAttachments(w); });
+          SendIcon(MailIcon(w, send), w);
+        })},
+      {"edits",
+        Guarded([this, w] {
+          Mail& m = mails_[w];
+          client_.AddControl(w, aol::kStaticClass, "Send To:");
+          m.to = client_.AddControl(w, aol::kAolEditClass);
+          client_.AddControl(w, aol::kStaticClass, "Copy To:");
+          client_.AddControl(w, aol::kAolEditClass);
+        })},
+      {"subject",
+        Guarded([this, w] {
+          client_.AddControl(w, aol::kStaticClass, "Subject:");
+          mails_[w].subject = client_.AddControl(w, aol::kAolEditClass);
+        })},
+       {"rich", Guarded([this, w] { mails_[w].body = Body(w); })},
+       {"combo",
+        Guarded([this, w] {
+          client_.AddControl(w, aol::kComboboxClass);
+          client_.AddControl(w, aol::kFontcomboClass);
+        })},
+       {"last-icon",
+        Guarded([this, w, later] {
+          client_.AddControl(w, aol::kIconClass);
+          Click(MailIcon(w, later), "Send Later", "send later", [this, w] { SendLater(w); });
+        })}};
+  if (!five) std::rotate(parts.begin() + 2, parts.end() - 1, parts.end());
+  client_.BuildInStages(w, "Write Mail build", std::move(parts),
+                        Guarded([this, w] { ClearFields(w); }));
+}
+
+Hwnd SimMail::Body(Hwnd mail) {
+  Hwnd body = client_.AddControl(mail, aol::kRichTextClass);
+  // The older Write Mail takes a moment over a body it is given.
+  desktop_.SetHandler(body, [this](const SimMessage& m) -> std::optional<std::int32_t> {
+    if (m.message == aol::kWmSetText) client_.BusyAfter("mail body");
+    return std::nullopt;
+  });
+  return body;
+}
+
+void SimMail::ClearFields(Hwnd mail) {
+  // The client sets its form up once it is built: what was typed before is gone.
+  const Mail& m = mails_[mail];
+  for (Hwnd field : {m.to, m.subject, m.body}) desktop_.SetText(field, "");
 }
 
 void SimMail::OpenAttachments(Hwnd mail) {
@@ -240,7 +275,8 @@ void SimMail::OpenAttachments(Hwnd mail) {
   for (const auto& [window, files] : pending_) {
     if (desktop_.Exists(window)) return;  // one Attachments window at a time
   }
-  Hwnd a = client_.OpenTopLevel(aol::kModalClass, aol::kAttachmentsCaption);
+  Hwnd a = client_.OpenTopLevel(aol::kModalClass, aol::kAttachmentsCaption, client_.frame());
+  client_.BusyAfter("Attachments");
   pending_[a] = {};
   client_.AddControl(a, aol::kListboxClass);
   Hwnd choose = client_.AddControl(a, aol::kIconClass);
@@ -265,7 +301,8 @@ void SimMail::OpenAttachments(Hwnd mail) {
 
 void SimMail::OpenAttachDialog(Hwnd mail, Hwnd attachments, const std::string& caption) {
   if (TopLevel(aol::kDialogClass, caption)) return;  // already open
-  Hwnd dialog = client_.OpenTopLevel(aol::kDialogClass, caption);
+  Hwnd dialog = client_.OpenTopLevel(aol::kDialogClass, caption,
+                                     attachments != 0 ? attachments : client_.frame());
   client_.AddControl(dialog, "Static", "File name:");
   Hwnd edit = client_.AddControl(dialog, aol::kEditClass);
   Hwnd cancel = client_.AddControl(dialog, aol::kButtonClass, "Cancel");
@@ -293,6 +330,7 @@ void SimMail::AcceptPath(Hwnd mail, Hwnd attachments, Hwnd dialog, Hwnd edit) {
     it->second.attachments.push_back(path);
   }
   desktop_.DestroyWindow(dialog);
+  client_.BusyAfter(attachments != 0 ? "Attach done" : "Attach File done");
 }
 
 // ---------------------------------------------------------------- Compose Mail (3)
@@ -301,29 +339,36 @@ void SimMail::OpenComposeMail() {
   Hwnd w = client_.OpenDocument(aol::kComposeMailCaption);
   if (w == 0) return;
   client_.Log(kEventMailOpened, aol::kComposeMailCaption);
-  Mail& m = mails_[w];
-  m.compose = true;
-  client_.AddControl(w, aol::kStaticClass, "To:");
-  m.to = client_.AddControl(w, aol::kAolEditClass);
-  client_.AddControl(w, aol::kStaticClass, "CC:");
-  client_.AddControl(w, aol::kAolEditClass);
-  client_.AddControl(w, aol::kStaticClass, "Subject:");
-  m.subject = client_.AddControl(w, aol::kAolEditClass);
+  mails_[w].compose = true;
   desktop_.OnDestroy(w, Guarded([this, w] { mails_.erase(w); }));
-  client_.Later("Compose Mail build", Guarded([this, w] { FinishComposeMail(w); }));
-}
-
-void SimMail::FinishComposeMail(Hwnd w) {
-  if (!desktop_.Exists(w)) return;
-  mails_[w].body = client_.AddControl(w, aol::kRichTextClass);
-  Hwnd send = client_.AddControl(w, aol::kIconClass);
-  Hwnd later = client_.AddControl(w, aol::kIconClass);
-  Hwnd attach = client_.AddControl(w, aol::kIconClass);
-  SendIcon(send, w);
-  Click(later, "Send Later", "send later", [this, w] { SendLater(w); });
-  Click(attach, "Attach File", "attach", [this, w] {
-    if (desktop_.Exists(w)) OpenAttachDialog(w, 0, aol::kAttachFileCaption);
-  });
+  client_.BuildInStages(
+      w, "Compose Mail build",
+      {{"icons",
+        Guarded([this, w] {
+          Hwnd send = client_.AddControl(w, aol::kIconClass);
+          Hwnd later = client_.AddControl(w, aol::kIconClass);
+          Hwnd attach = client_.AddControl(w, aol::kIconClass);
+          SendIcon(send, w);
+          Click(later, "Send Later", "send later", [this, w] { SendLater(w); });
+          Click(attach, "Attach File", "attach", [this, w] {
+            if (desktop_.Exists(w)) OpenAttachDialog(w, 0, aol::kAttachFileCaption);
+          });
+        })},
+       {"edits",
+        Guarded([this, w] {
+          Mail& m = mails_[w];
+          client_.AddControl(w, aol::kStaticClass, "To:");
+          m.to = client_.AddControl(w, aol::kAolEditClass);
+          client_.AddControl(w, aol::kStaticClass, "CC:");
+          client_.AddControl(w, aol::kAolEditClass);
+        })},
+       {"subject",
+        Guarded([this, w] {
+          client_.AddControl(w, aol::kStaticClass, "Subject:");
+          mails_[w].subject = client_.AddControl(w, aol::kAolEditClass);
+        })},
+       {"rich", Guarded([this, w] { mails_[w].body = client_.AddControl(w, aol::kRichTextClass); })}},
+      Guarded([this, w] { ClearFields(w); }));
 }
 
 // ---------------------------------------------------------------- sending

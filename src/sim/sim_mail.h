@@ -8,8 +8,12 @@
 // (toolbar icon 2 on generations 4 and 5, the main-menu entry "&Compose Mail" on 3), and fills
 // the client's outgoing list with the subjects of the queued mails, one a line.
 //
+// The mail windows are built in stages: icons, the address edits, the subject edit, rich text,
+// the formatting boxes ("combo") and, on Write Mail, the last icon; the client's lastPart option takes one of these to the end.
+// Text typed into a window before it is complete is lost when the client sets the form up.
+//
 // Reaction keys (for SimClient::SetSlow and the event log): "toolbar icon 2" and "&Compose Mail"
-// open the windows; "Write Mail build" and "Compose Mail build" finish them; "Attachments" (the
+// open the windows; "Attachments" (the
 // Write Mail attach icon), "Attach" (the Attachments window's 1st icon and the "Attach" dialog's
 // buttons), "Attach File" (the Compose Mail attach icon and its dialog's buttons), "Attachments
 // done", "Attachments clear", "Send", "Send Later", "Send Later ok", "Error ok", and "America
@@ -104,8 +108,8 @@ class SimMail {
 
   void OpenWriteMail();
   void OpenComposeMail();
-  void FinishWriteMail(Hwnd w);
-  void FinishComposeMail(Hwnd w);
+  Hwnd Body(Hwnd mail);
+  void ClearFields(Hwnd mail);
   void OpenAttachments(Hwnd mail);
   void OpenAttachDialog(Hwnd mail, Hwnd attachments, const std::string& caption);
   void AcceptPath(Hwnd mail, Hwnd attachments, Hwnd dialog, Hwnd edit);

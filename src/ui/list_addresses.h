@@ -1,7 +1,8 @@
 #pragma once
-// A list control seen as an address list, for the full-box check.
+// A list control seen as an address list, for the full-box check: items in the code page.
 #include "ui/list_box.h"
 #include "client/address_list.h"
+#include "client/window_system.h"
 
 namespace qc {
 
@@ -9,7 +10,7 @@ class ListBoxAddresses : public AddressList {
  public:
   explicit ListBoxAddresses(ListBox& list) : list_(list) {}
   int Count() const override { return list_.ListCount(); }
-  std::string Item(int index) const override { return list_.List(index); }
+  std::string Item(int index) const override { return ToCodePage(list_.List(index)); }
   void Remove(int index) override { list_.RemoveItem(index); }
 
  private:

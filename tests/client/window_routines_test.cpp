@@ -177,6 +177,15 @@ TEST_F(WindowRoutinesTest, WelcomeCaptionWithoutBangIsAnInvalidArgumentFailure) 
   }
 }
 
+TEST_F(WindowRoutinesTest, ScreenNameInAnotherCodePageComesBackAsItsBytes) {
+  // A client on another code page: its bytes pass through the driver untouched, and the program
+  // reads them as Windows-1252.
+  SimClient c(d, {.generation = 5, .screenName = "\xC8\xE2\xE0\xED"});
+  EXPECT_EQ(ClientScreenName(d), "\xC8\xE2\xE0\xED");
+  EXPECT_EQ(FromCodePage(ClientScreenName(d)), "\u00C8\u00E2\u00E0\u00ED");
+  EXPECT_EQ(LowerCodePage("\xC8" "Ab\x8A"), "\xE8" "ab\x9A");
+}
+
 TEST_F(WindowRoutinesTest, CaptionControlTextAndClose) {
   SimClient c(d, {.generation = 5, .screenName = "Al"});
   EXPECT_EQ(WindowCaption(d, c.welcome()), "Welcome, Al!");
@@ -192,11 +201,13 @@ TEST_F(WindowRoutinesTest, CaptionControlTextAndClose) {
   ControlText(d, c.keywordEdit());
   WindowCaption(d, c.welcome());
   CloseWindow(d, c.welcome());
-  const std::string edit = "AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Combobox/Edit";
+  const std::string frame = "AOL Frame25\"America  Online\"";
+  const std::string edit = frame + "/AOL Toolbar/_AOL_Toolbar/_AOL_Combobox/Edit";
   EXPECT_EQ(d.TraceLines(sim::kTraceMessages),
-            (std::vector<std::string>{"SendMessageA " + edit + " 14 0 &0",
-                                      "SendMessageA " + edit + " 13 11 buf[10]",
-                                      "PostMessageA AOL Frame25/MDIClient/AOL Child#2 16 0 0"}));
+            (std::vector<std::string>{
+                "SendMessageA " + edit + " 14 0 &0", "SendMessageA " + edit + " 13 11 buf[10]",
+                "PostMessageA " + frame + "/MDIClient/AOL Child\"Welcome, Al!\" 16 0 0"}));
+  EXPECT_TRUE(d.Violations().empty());
   Hwnd welcome = c.welcome();
   EXPECT_TRUE(d.Exists(welcome));  // posted: the client closes it on its next turn
   DoEvents();

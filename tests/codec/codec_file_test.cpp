@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "base/failure.h"
-#include "codec/cp1252.h"
+#include "base/cp1252.h"
 #include "codec/id3v1.h"
 #include "support/files.h"
 #include "support/kill_points.h"

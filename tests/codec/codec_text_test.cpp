@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "codec/cp1252.h"
+#include "base/cp1252.h"
 #include "codec/genres.h"
 
 namespace qc {

@@ -4,7 +4,7 @@
 
 #include "base/failure.h"
 #include "run/chat.h"
-#include "run/upchat.h"
+#include "client/upchat.h"
 #include "sim/sim_chat.h"
 #include "sim/sim_im.h"
 #include "support/sandbox.h"
@@ -18,13 +18,11 @@ using sim::RoomForm;
 using sim::RoomInput;
 using Lines = std::vector<std::string>;
 
-// Written out byte by byte, apart from the code under test.
-const std::string kLine1 = "\xC2\xA0\xC2\xA0\xE2\x80\xB9\xC2\xA1! quill cast : v.qc23e : brindle";
-const std::string kLine3 =
-    "\xC2\xA0\xC2\xA0\xC2\xA0\xC2\xA0`\xC2\xB7\xE2\x80\x93\xE2\x80\xBA \xC3\xB3mbreval\xC3\xA8 "
-    "productions";
-const std::string kLine2Head = "\xC2\xA0\xC2\xA0\xE2\x80\xB9!\xC2\xA1";
-const std::string kMenuHead = "\xC2\xA0\xC2\xA0\xE2\x80\xB9\xC2\xA1";
+// As the room holds them: Windows-1252 bytes, written out one by one.
+const std::string kLine1 = "\xA0\xA0\x8B\xA1! quill cast : v.qc23e : brindle";
+const std::string kLine3 = "\xA0\xA0\xA0\xA0`\xB7\x96\x9B \xF3mbreval\xE8 productions";
+const std::string kLine2Head = "\xA0\xA0\x8B!\xA1";
+const std::string kMenuHead = "\xA0\xA0\x8B\xA1";
 const std::string kTail = "</b></i></u><font face=arial>";
 
 class ChatTest : public SandboxTest {
@@ -79,6 +77,24 @@ TEST_F(ChatTest, BlocksReachTheRoomByteExactAndTheUsersTypingSurvives) {
     EXPECT_EQ(desktop.TextOf(chat.Input(room)), "half typ");
     desktop.DestroyWindow(room);
   }
+}
+
+TEST_F(ChatTest, TheCountsLineIsBuiltOnceTheFirstLineHasGone) {
+  FrmMain f;
+  f.lblUps->SetCaption("12");
+  f.lblMBs->SetCaption("85.2");
+  const Hwnd room = chat.OpenRoom("Lobby");
+  // A file counted while the room takes line 1.
+  const PumpHookId counted = AddPumpHook([&] {
+    if (chat.Transcript(room).size() == 1) f.lblUps->SetCaption("13");
+  });
+  {
+    PumpBudget budget(20000);
+    BragStats(f);
+  }
+  RemovePumpHook(counted);
+  ASSERT_EQ(chat.Transcript(room).size(), 3u);
+  EXPECT_EQ(chat.Transcript(room)[1], kLine2Head + " brag : 13tgs : 85.20mbs" + kTail);
 }
 
 TEST_F(ChatTest, ScrollFormsDifferByOneMarkAndSayNoneWithoutATransfer) {
@@ -148,11 +164,13 @@ TEST_F(ChatTest, CutAtNinetyTwoCharactersBeforeTheTail) {
     EXPECT_EQ(chat.Transcript(room).back(), std::string(c.sent, 'a') + kTail) << c.length;
     EXPECT_EQ(text, std::string(c.sent, 'a') + kTail) << "the caller's text is changed";
   }
-  // Characters, not bytes: a no-break blank counts one.
+  // Characters of the code page: a no-break blank or a "‹" counts one, as its one byte.
   std::string wide;
-  for (int i = 0; i < 93; ++i) wide += "\xC2\xA0";
+  for (int i = 0; i < 93; ++i) wide += "\u00A0";
   Send(wide, false, true);
-  EXPECT_EQ(chat.Transcript(room).back(), wide.substr(0, 184));
+  EXPECT_EQ(chat.Transcript(room).back(), std::string(92, '\xA0'));
+  Send(std::string(90, 'a') + "\u00A1\u2039\u203A", false, true);
+  EXPECT_EQ(chat.Transcript(room).back(), std::string(90, 'a') + "\xA1\x8B");
 }
 
 TEST_F(ChatTest, RoomSearchAndWhereNothingIsSent) {
@@ -204,6 +222,8 @@ TEST_F(ChatTest, TransferStatusFromTheWindowsTexts) {
       {"Upload - 45%", "Now uploading x.mp3", "Sent: 2 MB", {"na", "2", " x.mp3"}, 0},
       {"abc45 - x", "Now uploading x.mp3", "Sent: 2 MB", {"na", "2", " x.mp3"}, 0},
       {"File Transfer", "Now uploading x.mp3", "Sent: 2 MB", {"none", "none", "none"}, 0},
+      // Positions count code-page characters: the blank of "\xE9t\xE9 b" stands at 4.
+      {"File Transfer - 5%", "Sending\xE9t\xE9 b.mp3", "Sent: 1.25 MB of 3", {"5", "5", "\u00E9t\u00E9 b.mp3"}, 0},
       {"File Transfer - 5%", "Now uploadingsong.mp3", "Sent: 1.25 MB", {}, kInvalidArgument},
       {"File Transfer - 5%", "Now uploading song.mp3", "Sent: 1.25", {}, kInvalidArgument},
   };
@@ -269,21 +289,29 @@ TEST_F(ChatTest, MenuItemsAndButtonsReachTheirRoutines) {
   EXPECT_EQ(Shows(), (Lines{"0", "6", "0", "6", "0", "9", "0", "9"}));
 }
 
-TEST(ChatToolsMenu, ImsAndGhostReachTheClient) {
-  Sandbox box;
-  sim::SimIm im(box.StartClient(5));
-  FrmMain f;
-  FrmMenu m;
-  ConnectChatTools(f, m);
-  {
-    PumpBudget budget(50000);
-    m.imzzoff->trigger();
-    m.imzonn->trigger();
-    m.gonnnnn->trigger();
-    m.gofffff->trigger();
+TEST(ChatToolsMenu, ImsAndGhostFollowTheClientsGeneration) {
+  for (int generation : {3, 5}) {
+    Sandbox box;
+    sim::SimIm im(box.StartClient(generation));
+    FrmMain f;
+    FrmMenu m;
+    ConnectChatTools(f, m);
+    {
+      PumpBudget budget(50000);
+      m.imzzoff->trigger();
+      m.imzonn->trigger();
+      m.gonnnnn->trigger();
+      m.gofffff->trigger();
+    }
+    EXPECT_EQ(im.Sent(),
+              (std::vector<sim::ImRecord>{{"$im_off", "\xA0"}, {"$im_on", "\xA0"}}));
+    using Writes = std::vector<std::pair<int, int>>;
+    const Writes expected = generation == 5
+                                ? Writes{{5, -1}, {7, -1}, {1, -1}}
+                                : Writes{{1, 0},  {2, 0}, {3, 0}, {4, 0}, {5, -1}, {6, 0},  {7, -1},
+                                         {1, -1}, {2, 0}, {3, 0}, {4, 0}, {5, 0},  {6, -1}, {7, 0}};
+    EXPECT_EQ(im.PrivacyWrites(), expected) << generation;
   }
-  EXPECT_EQ(im.Sent(), (std::vector<sim::ImRecord>{{"$im_off", "\xC2\xA0"}, {"$im_on", "\xC2\xA0"}}));
-  EXPECT_EQ(im.PrivacyWrites(), (std::vector<std::pair<int, int>>{{5, -1}, {7, -1}, {1, -1}}));
 }
 
 }  // namespace

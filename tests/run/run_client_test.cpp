@@ -22,9 +22,9 @@ std::string Body(const std::string& size, const std::string& name) {
          size + "\r\nfile name: " + name + "\r\ncomment: old comment\r\n\r\n\r\n" +
          BodyClosingLine();
 }
+// The decoration reaches the client as Windows-1252 bytes, one a character.
 std::string Notice(const char* word, const char* mb) {
-  return "\u00B7\u2022(`(`\u00B7 " + std::string(word) + ": brindle " + mb +
-         "mb \u00B7\u00B4)\u00B4)\u2022\u00B7";
+  return "\xB7\x95(`(`\xB7 " + std::string(word) + ": brindle " + mb + "mb \xB7\xB4)\xB4)\x95\xB7";
 }
 
 class ClientRun : public RunRig {

@@ -183,7 +183,7 @@ TEST_F(SimDesktopTest, WmCloseDestroysWithItsChildrenAndTellsObservers) {
   EXPECT_FALSE(d.Exists(w));
   EXPECT_FALSE(d.Exists(icon));
   EXPECT_TRUE(told);
-  EXPECT_EQ(d.PathOf(w), "gone:" + std::to_string(w));
+  EXPECT_EQ(d.PathOf(icon), "gone:_AOL_Modal\"\"/_AOL_Icon");
 }
 
 TEST_F(SimDesktopTest, TasksRunOnALaterPumpOnceTheirTimeHasCome) {
@@ -242,6 +242,47 @@ TEST_F(SimDesktopTest, AProgramThatNeverPumpsStillLetsTheOtherProcessRun) {
   EXPECT_GT(closes, 1);
 }
 
+TEST_F(SimDesktopTest, ShowStatesTopmostWindowsAndModality) {
+  Hwnd frame = d.NewWindow(0, "AOL Frame25");
+  Hwnd icon = d.NewWindow(frame, "_AOL_Icon");
+  Hwnd box = d.NewWindow(0, "#32770", "Save As");
+  d.SetTopmost(box);
+  Hwnd modal = d.NewWindow(0, "_AOL_Modal", "Attachments");
+  // New windows come in front, but behind the one that stays on top.
+  EXPECT_EQ(d.Children(0), (std::vector<Hwnd>{box, modal, frame}));
+  // Hidden, minimised (and shown), restored.
+  struct Step {
+    std::int32_t command;
+    bool visible;
+    bool minimised;
+  };
+  for (const Step& s : {Step{0, false, false}, Step{6, true, true}, Step{0, false, true},
+                        Step{9, true, false}, Step{2, true, true}, Step{5, true, true},
+                        Step{1, true, false}}) {
+    d.ShowWindow(modal, s.command);
+    EXPECT_EQ(d.Visible(modal), s.visible) << s.command;
+    EXPECT_EQ(d.Minimised(modal), s.minimised) << s.command;
+  }
+  // An open modal window refuses input to its owner's windows, not other messages.
+  d.SetModal(modal, frame);
+  std::vector<std::string> refused;
+  d.SetRefusalListener([&](const SimMessage& m, const std::string& why) {
+    refused.push_back(std::to_string(m.message) + " " + why);
+  });
+  d.SendMessageA(icon, 513, 0, LParam());
+  d.SendMessageA(icon, 12, 0, LParam::Text("t"));
+  d.ShowWindow(modal, 6);  // minimised, it blocks nothing
+  d.SendMessageA(icon, 514, 0, LParam());
+  EXPECT_EQ(refused, (std::vector<std::string>{"513 blocked by a modal window"}));
+  EXPECT_EQ(d.TextOf(icon), "t");
+  // The parameters the message table does not allow: a posted click with a word, a sent one
+  // with 0, a length read without a zero word.
+  std::int32_t zero = 0;
+  d.PostMessageA(icon, 513, 0, LParam::Word(zero));
+  d.SendMessageA(icon, 14, 0, LParam());
+  EXPECT_EQ(d.Violations().size(), 4u);
+}
+
 TEST_F(SimDesktopTest, CursorIsClampedToTheScreen) {
   EXPECT_EQ(d.ScreenWidthTwips(), 1024 * 15);
   EXPECT_EQ(d.ScreenHeightTwips(), 768 * 15);
@@ -266,20 +307,26 @@ TEST_F(SimDesktopTest, TraceNamesTargetsByClassPathWithInstanceNumbers) {
   d.SendMessageA(i3, 514, 0, LParam::Word(zero));
   d.SendMessageA(frame, 12, 0, LParam::Text("x"));
   std::string buf(4, '\0');
-  d.SendMessageA(frame, 13, 5, LParam::Buffer(buf));
+  d.SendMessageA(frame, 13, 6, LParam::Buffer(buf));
   d.FindWindowA("#32768", std::nullopt);
   d.FindWindowExA(bar, 0, "_AOL_Icon", std::nullopt);
   d.SetCursorPos(20000, 20000);
+  // Texts are shown decoded from the code page: top-level windows go by their captions.
+  d.SendMessageA(frame, 12, 0, LParam::Text("\xA0\x8B"));
   EXPECT_EQ(d.TraceText(),
-            "PostMessageA AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Icon#3 513 0 0\n"
-            "SendMessageA AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Icon#3 514 0 &0\n"
-            "SendMessageA AOL Frame25 12 0 \"x\"\n"
-            "SendMessageA AOL Frame25 13 5 buf[4]\n"
+            "PostMessageA AOL Frame25\"America  Online\"/AOL Toolbar/_AOL_Toolbar/_AOL_Icon#3 513 0 0\n"
+            "SendMessageA AOL Frame25\"America  Online\"/AOL Toolbar/_AOL_Toolbar/_AOL_Icon#3 514 0 &0\n"
+            "SendMessageA AOL Frame25\"America  Online\" 12 0 \"x\"\n"
+            "SendMessageA AOL Frame25\"x\" 13 6 buf[4]\n"
             "FindWindowA \"#32768\" * -> 0\n"
-            "FindWindowExA AOL Frame25/AOL Toolbar/_AOL_Toolbar 0 \"_AOL_Icon\" * -> "
-            "AOL Frame25/AOL Toolbar/_AOL_Toolbar/_AOL_Icon\n"
-            "SetCursorPos 20000,20000 -> 1023,767\n");
-  EXPECT_EQ(d.TraceLines(kTraceMessages).size(), 4u);
+            "FindWindowExA AOL Frame25\"x\"/AOL Toolbar/_AOL_Toolbar 0 \"_AOL_Icon\" * -> "
+            "AOL Frame25\"x\"/AOL Toolbar/_AOL_Toolbar/_AOL_Icon\n"
+            "SetCursorPos 20000,20000 -> 1023,767\n"
+            "SendMessageA AOL Frame25\"x\" 12 0 \"\u00A0\u2039\"\n");
+  // The WM_GETTEXT's length went past its buffer and its NUL.
+  ASSERT_EQ(d.Violations().size(), 1u);
+  EXPECT_EQ(d.Violations()[0], "WM_GETTEXT of 6 into buf[4] AOL Frame25\"x\"");
+  EXPECT_EQ(d.TraceLines(kTraceMessages).size(), 5u);
   const TraceEntry& e = d.Trace().at(1);
   EXPECT_EQ(e.window, i3);
   EXPECT_EQ(e.lParamKind, LParam::Kind::kWord);

@@ -13,6 +13,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "base/cp1252.h"
+
 namespace qc::sim {
 namespace {
 
@@ -21,7 +23,8 @@ std::string Lower(std::string s) {
   return s;
 }
 
-QString Qs(const std::string& s) { return QString::fromLocal8Bit(s.data(), static_cast<qsizetype>(s.size())); }
+// The client's texts are Windows-1252 bytes.
+QString Qs(const std::string& s) { return QString::fromStdString(Cp1252ToUtf8(s)); }
 
 QPlainTextEdit* ReadOnlyText(int maxLines) {
   auto* text = new QPlainTextEdit;

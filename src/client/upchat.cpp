@@ -1,5 +1,5 @@
 // Upchat mode: the transfer window out of the way and back.
-#include "run/upchat.h"
+#include "client/upchat.h"
 
 #include <optional>
 
