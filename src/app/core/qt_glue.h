@@ -3,6 +3,8 @@
 #include <QString>
 #include <string>
 
+#include "app/core/shown_text.h"
+
 class QWidget;
 
 namespace qc {
@@ -11,9 +13,6 @@ class ListBox;
 
 // DoEvents processes pending Qt events from now on.
 void InstallQtPump();
-
-inline QString ToQ(const std::string& s) { return QString::fromStdString(s); }
-inline std::string FromQ(const QString& s) { return s.toStdString(); }
 
 // The text of a QLineEdit, QPlainTextEdit or QTextEdit (plain), with line ends as CR LF as the
 // logic and the files hold them; multi-line boxes show them as plain line breaks.
