@@ -11,6 +11,7 @@
 #include "sim/sim_client.h"
 #include "sim/sim_desktop.h"
 #include "sim/sim_mail.h"
+#include "support/comma_locale.h"
 
 namespace qc {
 namespace {
@@ -86,6 +87,37 @@ TEST_F(ClientRun, GenerationFiveQueuesNoticesAndFilesAndOpensTheOutgoingList) {
   EXPECT_EQ(frm.lblTagTotalMb->Caption(), "2");
   EXPECT_EQ(frm.lblUps->Caption(), "2");
   EXPECT_EQ(frm.lstPathSelect->ListCount(), 0);
+}
+
+TEST_F(ClientRun, UnderACommaLocaleTotalsAreReadAndWrittenWithAFullStop) {
+  test::CommaLocale comma;
+  ASSERT_TRUE(comma.active());
+  Start(5);
+  frm.lblMBs->SetCaption("12.75");
+  frm.lblUps->SetCaption("3");
+  Choose("one.mp3", 1500000, "a", &kTag);
+  Choose("two.mp3", 500000, "b", &kTag);
+  menu.setCheck("sendlater", true);
+  Run();
+  EXPECT_EQ(mail->Outgoing().size(), 2u);
+  EXPECT_EQ(frm.lblTagTotalMb->Caption(), "2");
+  EXPECT_EQ(frm.lblMBs->Caption(), "14.75");
+  EXPECT_EQ(frm.lblUps->Caption(), "5");
+  EXPECT_EQ(frm.Label1->Caption(), "5 ups : 14.75 mb");
+  EXPECT_EQ(TotalSizeText(frm), "14.75mbs");
+  EXPECT_EQ(TotalSizeText(std::string("1500000")), "1,500.00gigs");
+}
+
+TEST_F(ClientRun, AFileNameThatIsNotUtf8IsTaggedAndAttached) {
+  Start(5);
+  menu.setCheck("sendlater", true);
+  menu.setCheck("renamecomment", true);
+  const std::string path = Choose("caf\xE9.mp3", 500000, "latin", &kTag);
+  Run();
+  ASSERT_EQ(mail->Outgoing().size(), 1u);
+  EXPECT_EQ(mail->Outgoing()[0].attachments, std::vector<std::string>{path});
+  EXPECT_NE(mail->Outgoing()[0].body.find("file name: caf\xE9.mp3\r\n"), std::string::npos);
+  EXPECT_EQ(ReadId3Tag(path).comment, "renamed comment");
 }
 
 TEST_F(ClientRun, GenerationThreeLeavesTheNoticesOpenAndQueuesTheFiles) {

@@ -56,7 +56,8 @@ class RunFixture : public ::testing::Test {
   // chooses it with the subject line.
   std::string Choose(const std::string& name, std::int64_t bytes, const std::string& subject,
                      const TagFields* tag = nullptr) {
-    const std::string path = dir_.filePath(QString::fromStdString(name)).toStdString();
+    // Joined as bytes: a name need not be UTF-8.
+    const std::string path = dir_.path().toStdString() + "/" + name;
     {
       std::ofstream out(path, std::ios::binary | std::ios::trunc);
       out.seekp(bytes > 0 ? bytes - 1 : 0);

@@ -6,6 +6,7 @@
 #include "app/core/window_routines.h"
 #include "base/prompts.h"
 #include "catalogue/catalogue_fixture.h"
+#include "catalogue/info_mode.h"
 
 namespace qc::test {
 namespace {
@@ -41,6 +42,45 @@ TEST_F(CatalogueTest, FolderChoiceAppendsPathsAndDisplayTexts) {
     EXPECT_EQ(main_->lstMp3->List(i + 4), main_->lstMp3->List(i));
     EXPECT_EQ(main_->lstPaths->List(i + 4), main_->lstPaths->List(i));
   }
+}
+
+TEST_F(CatalogueTest, FileNamesThatAreNotUtf8AreFoundReadAndAdded) {
+  const std::string tagged = Mp3("caf\xE9.mp3", TagBytes("Caf\xE9", "Band"), 700000);
+  const std::string bare = Mp3("n\xE9.mp3", "");
+  SetTemplate("fileName$ fileSize$ idTitle$");
+  Choose(folder_);
+  EXPECT_EQ(main_->lstPaths->Items(), (std::vector<std::string>{tagged, bare}));
+  // The tag's bytes are Windows-1252 text; the untagged file shows its name.
+  EXPECT_EQ(main_->lstMp3->Items(),
+            (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
+  SelectMp3({0, 1});
+  AddSelectedMp3s(*main_);
+  EXPECT_EQ(main_->lstPathSelect->Items(), (std::vector<std::string>{tagged, bare}));
+  EXPECT_EQ(main_->lstSubj->Items(), (std::vector<std::string>{"caf\xE9.mp3 .7 Caf\u00E9",
+                                                               "n\xE9.mp3 0 n\xE9.mp3"}));
+  EXPECT_EQ(main_->lblTitle->Caption(), "title: n\xE9.mp3");
+  EXPECT_EQ(main_->lstMp3->ShownItem(1), QString::fromUtf8("n\u00E9.mp3"));
+  RefreshFolderList(*main_);
+  EXPECT_EQ(main_->lstMp3->Items(), (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
+}
+
+TEST_F(CatalogueTest, NulPaddedFieldsShowUpToTheNulAndTheSubjectCarriesThem) {
+  Mp3("a.mp3", TagBytes("miracles", "ilona", "quiet", "1999", "", 12, '\0'));
+  Choose(folder_);
+  const std::string title = "miracles" + std::string(22, '\0');
+  const std::string artist = "ilona" + std::string(25, '\0');
+  EXPECT_EQ(main_->lstMp3->List(0), title + " - " + artist);
+  EXPECT_EQ(main_->lstMp3->ShownItem(0), QStringLiteral("miracles"));
+  SelectMp3({0});
+  AddSelectedMp3s(*main_);
+  EXPECT_EQ(main_->lstSubj->List(0), kDefaultHead + "[" + artist + "]-" + title);
+  EXPECT_EQ(main_->lblArtist->Caption(), "artist: " + artist);
+  EXPECT_EQ(static_cast<QLabel*>(main_->lblArtist)->text(), QStringLiteral("artist: ilona"));
+  EXPECT_EQ(main_->txtSubj->Text(), kDefaultHead + "[ilona");
+  // In info mode the box agrees with the stored line as far as it can hold it.
+  GoInfoMode(*main_);
+  EXPECT_EQ(main_->txtSubj->Text(), kDefaultHead + "[ilona");
+  EXPECT_EQ(main_->txtSubj->BackColor(), kSubjectUnchangedColour);
 }
 
 TEST_F(CatalogueTest, FolderChoiceCancelledOrEmptyChangesNothing) {
