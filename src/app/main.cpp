@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "app/control_dump.h"
 #include "app/core/application.h"
 #include "app/core/qt_glue.h"
 #include "app/core/qt_prompts.h"
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
 
   // The lasting windows live until the program ends at once; nothing deletes them.
   auto* frmMain = new qc::FrmMain;
+  prompts.SetOwner(frmMain);  // prompts asked while no window of ours is active
   auto* frmMenu = new qc::FrmMenu;
   auto* frmMenu2 = new qc::FrmMenu2;
   qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2);
@@ -90,5 +92,6 @@ int main(int argc, char** argv) {
   const int width = std::min(420, desk.width() / 3);
   viewer->setGeometry(desk.right() - width - 8, desk.top() + 30, width, desk.height() - 60);
   viewer->show();
+  qc::StartControlDumpFromEnvironment();
   return app.exec();
 }

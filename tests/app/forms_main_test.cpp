@@ -1,5 +1,6 @@
 // frmMain's controls: names, places in twips, design-time texts and the events they report.
 #include <QSignalSpy>
+#include <QMouseEvent>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -189,6 +190,36 @@ TEST(Label, ClickIsAPressAndReleaseOverTheControl) {
   EXPECT_EQ(down.count(), 3);
   EXPECT_EQ(down.last().at(0).value<Qt::MouseButton>(), Qt::RightButton);
   EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST(Label, DoubleClickActsOnce) {
+  FrmMain f;
+  f.show();
+  Label* l = f.picDown;
+  QSignalSpy clicked(l, &Label::clicked);
+  QSignalSpy up(l, &Label::mouseUp);
+  // A double click as the platform delivers it: a click, then a press, the double click, and
+  // the release.
+  QTest::mouseClick(l, Qt::LeftButton);
+  QTest::mousePress(l, Qt::LeftButton);
+  const QPointF at(l->width() / 2.0, l->height() / 2.0);
+  QMouseEvent twice(QEvent::MouseButtonDblClick, at, l->mapToGlobal(at), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(l, &twice);
+  QTest::mouseRelease(l, Qt::LeftButton);
+  EXPECT_EQ(up.count(), 2);
+  EXPECT_EQ(clicked.count(), 1);
+  QTest::mouseClick(l, Qt::LeftButton);
+  EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(FrmMain, CloseIsRefusedAndReported) {
+  FrmMain f;
+  f.show();
+  QSignalSpy asked(&f, &FrmMain::closeRequested);
+  EXPECT_FALSE(f.close());  // as the window manager's close (Alt+F4) arrives
+  EXPECT_EQ(asked.count(), 1);
+  EXPECT_TRUE(f.isVisible());
 }
 
 TEST(PictureBox, DisabledButtonReportsNothing) {

@@ -283,6 +283,8 @@ TEST_F(CatalogueTest, ViewSwitchShowsOneListAndKeepsTheAnchor) {
   EXPECT_EQ(TwipsLeft(main_->lblSep) + TwipsWidth(main_->lblSep), anchor);
   EXPECT_EQ(TwipsLeft(main_->lblMp3list) + TwipsWidth(main_->lblMp3list),
             TwipsLeft(main_->lblSep));
+  // The bold caption, closing bracket and all, ends inside the panel.
+  EXPECT_LE(anchor + TwipsWidth(main_->lblSelected), TwipsWidth(main_->pnlSelect) - 45);
   ShowListView(*main_);
   EXPECT_TRUE(main_->lstMp3->isVisible());
   EXPECT_FALSE(main_->lstUp->isVisible());

@@ -197,9 +197,12 @@ TEST_F(TagEditorTest, SecondOpeningReusesTheWindowAndCancelLeavesTheFile) {
   Pick(a);
   ViaLblId();
   FrmIDedit* first = TagEditor();
+  first->move(first->pos() + QPoint(37, 21));  // the user moved it
+  const QPoint movedTo = first->pos();
   Pick(b);
   ViaLblId();
   EXPECT_EQ(TagEditor(), first);
+  EXPECT_EQ(first->pos(), movedTo);  // not centred again
   EXPECT_EQ(Ed().txtTitle->text(), "B");
   EXPECT_EQ(Ed().GenreText(), "Country");
   Ed().txtTitle->setText(QStringLiteral("changed"));

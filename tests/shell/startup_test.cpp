@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QFontMetrics>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -230,6 +231,18 @@ TEST_F(StartupTest, VersionLabelSlidesFromOutsideToFiftySevenTwentyFive) {
   EXPECT_EQ(label.x(), ToPixelsX(5725));
 }
 
+TEST_F(StartupTest, NoneOfTheVersionShowsBeforeTheSlide) {
+  test::ScriptedPrompts prompts;
+  FrmMenu2 menu2;
+  QPointer<FrmStart> start = new FrmStart({&frmMain_, &frmMenu_, &menu2});
+  start->Open();
+  start->tmrLoad->stop();
+  const Label& label = *start->lblVersion;
+  EXPECT_LE(label.x() + label.width(), 0);
+  EXPECT_LT(QFontMetrics(label.font()).horizontalAdvance(label.text()), label.width());
+  delete start;
+}
+
 TEST_F(StartupTest, WholeLoadFromSplashToMainWindow) {
   StartClient(5, "Ilona");
   SaveSetting(kAppName, kOptionsSection, FlagKey("sendlater"), "0");
@@ -314,6 +327,18 @@ TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
   const std::vector<std::string> lines = chat.Transcript(room);
   ASSERT_EQ(lines.size(), 3u);
   EXPECT_NE(lines[1].find("end"), std::string::npos) << lines[1];
+}
+
+TEST(InstanceLockTest, TheLockIsTheUsersOwn) {
+  QTemporaryDir a, b;
+  const QByteArray old = qgetenv("XDG_RUNTIME_DIR");
+  qputenv("XDG_RUNTIME_DIR", a.path().toLocal8Bit());
+  const QString first = InstanceLock::DefaultPath();
+  qputenv("XDG_RUNTIME_DIR", b.path().toLocal8Bit());
+  const QString second = InstanceLock::DefaultPath();
+  qputenv("XDG_RUNTIME_DIR", old);
+  EXPECT_EQ(first, a.filePath(QStringLiteral("quillcast.lock")));
+  EXPECT_EQ(second, b.filePath(QStringLiteral("quillcast.lock")));
 }
 
 TEST(InstanceLockTest, SecondInstanceIsRefusedUntilTheFirstEnds) {
