@@ -17,7 +17,6 @@
 #include "app/core/qt_glue.h"
 #include "app/forms/frmmain.h"
 #include "base/prompts.h"
-#include "base/pump.h"
 #include "catalogue/codec/id3v1.h"
 #include "catalogue/folder_list.h"
 
@@ -168,21 +167,10 @@ void BM_PeakMemoryOf32767Entries(benchmark::State& state) {
 
 }  // namespace
 
-void BM_Pump(benchmark::State& state) {
-  Window w;
-  for (auto _ : state) qc::DoEvents();
-}
-BENCHMARK(BM_Pump);
-void BM_ChooseOnly(benchmark::State& state) {
-  static Folder folder("only", 10000);
-  Window w;
-  for (auto _ : state) w.ChooseSeconds(folder.path());
-}
-BENCHMARK(BM_ChooseOnly)->Iterations(8);
 
 BENCHMARK(BM_ChooseFolderOverCodecRatio)
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(2)
+    ->Iterations(4)
     ->Arg(2000)
     ->Arg(10000)
     ->Arg(32767);

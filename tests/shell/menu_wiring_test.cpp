@@ -226,6 +226,7 @@ TEST(ProgramTest, SecondInstanceEndsSilentlyBeforeAnyWindow) {
   ASSERT_TRUE(held.acquired());
   QProcess p;
   QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+  env.insert(QStringLiteral("XDG_RUNTIME_DIR"), tmp.path());  // where the user's lock lies
   env.insert(QStringLiteral("TMPDIR"), tmp.path());
   env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
   env.insert(QStringLiteral("XDG_CONFIG_HOME"), tmp.path());
