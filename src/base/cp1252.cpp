@@ -47,7 +47,7 @@ std::string Cp1252ToUtf8(std::string_view bytes) {
   return out;
 }
 
-std::string Utf8ToCp1252(std::string_view text) {
+std::string Utf8ToCp1252(std::string_view text, bool keepStrayBytes) {
   std::string out;
   out.reserve(text.size());
   const std::size_t n = text.size();
@@ -81,7 +81,7 @@ std::string Utf8ToCp1252(std::string_view text) {
       ok = false;
     }
     if (!ok) {
-      out += '?';
+      out += keepStrayBytes ? static_cast<char>(b) : '?';
       ++i;
       continue;
     }

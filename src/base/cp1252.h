@@ -9,7 +9,9 @@ namespace qc {
 // 0x8F, 0x90, 0x9D) map to the control characters of the same number, so all 256 come back.
 std::string Cp1252ToUtf8(std::string_view bytes);
 
-// The inverse. Characters outside Windows-1252 and bytes that are not valid UTF-8 become '?'.
-std::string Utf8ToCp1252(std::string_view text);
+// The inverse. Characters outside Windows-1252 become '?'; so do bytes that are not valid UTF-8,
+// unless keepStrayBytes, where each such byte stands for itself (a file name of another encoding
+// then reaches the code page unchanged).
+std::string Utf8ToCp1252(std::string_view text, bool keepStrayBytes = false);
 
 }  // namespace qc

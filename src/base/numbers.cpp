@@ -2,9 +2,8 @@
 
 #include "base/failure.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 namespace qc {
 
@@ -30,7 +29,10 @@ double LeadingNumber(const std::string& text) {
     }
   }
   if (digits.empty() || digits == ".") return 0;
-  return std::strtod(digits.c_str(), nullptr);  // digits and '.' only: locale-proof
+  // from_chars reads a full stop whatever the process's locale; strtod would not.
+  double value = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  return value;
 }
 
 namespace {
@@ -38,10 +40,11 @@ namespace {
 // Up to 15 significant digits, exponent form like the platform's ("1E+15", "1.5E-07").
 std::string FifteenDigits(double value) {
   if (value == 0) return "0";
+  // to_chars writes a full stop whatever the process's locale; printf would not.
   char buf[64];
-  std::snprintf(buf, sizeof buf, "%.15G", value);
-  std::string s = buf;
-  std::size_t e = s.find('E');
+  const auto written = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, 15);
+  std::string s(buf, written.ptr);
+  std::size_t e = s.find('e');
   std::string mant = e == std::string::npos ? s : s.substr(0, e);
   std::string exp = e == std::string::npos ? "" : s.substr(e);
   if (mant.find('.') != std::string::npos) {
@@ -53,7 +56,7 @@ std::string FifteenDigits(double value) {
     char sign = exp[1];
     std::string digits = exp.substr(2);
     while (digits.size() > 2 && digits[0] == '0') digits.erase(0, 1);
-    exp = std::string("E") + sign + digits;
+    exp = std::string("E") + sign + digits;  // the platform's capital E
   }
   return mant + exp;
 }

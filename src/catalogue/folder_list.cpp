@@ -102,27 +102,31 @@ std::string CleanDoubledSeparators(std::string path) {
 }
 
 std::vector<std::string> ScanMp3Folder(const std::string& folder) {
-  std::vector<std::string> names;
+  // Each name with its lower-case form, made once rather than at every comparison.
+  std::vector<std::pair<std::string, std::string>> found;
   std::error_code ec;
   std::filesystem::directory_iterator it(std::filesystem::u8path(folder), ec);
-  if (ec) return names;
+  if (ec) return {};
   for (const auto& entry : it) {
     std::error_code typeError;
     if (!entry.is_regular_file(typeError)) continue;
-    const std::string name = PathText(entry.path().filename());
+    std::string name = PathText(entry.path().filename());
     if (!EndsWithMp3(name) || IsHidden(entry, name)) continue;
-    names.push_back(name);
+    std::string lower = LowerCase(name);
+    found.emplace_back(std::move(lower), std::move(name));
   }
-  std::stable_sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-    const std::string la = LowerCase(a), lb = LowerCase(b);
-    return la != lb ? la < lb : a < b;
-  });
+  std::sort(found.begin(), found.end());
+  std::vector<std::string> names;
+  names.reserve(found.size());
+  for (auto& f : found) names.push_back(std::move(f.second));
   return names;
 }
 
-void PointFile1At(ListBox& file1, const std::string& folder) {
+std::vector<std::string> PointFile1At(ListBox& file1, const std::string& folder) {
   file1.Clear();
-  for (const std::string& name : ScanMp3Folder(folder)) file1.AddItem(name);
+  std::vector<std::string> names = ScanMp3Folder(folder);
+  for (const std::string& name : names) file1.AddItem(name);
+  return names;
 }
 
 std::string ExpandSubject(std::string subjectTemplate, const std::string& name,
@@ -144,12 +148,13 @@ std::string ExpandSubject(std::string subjectTemplate, const std::string& name,
 void ChooseFolder(FrmMain& f) {
   const std::string folder = CurrentPrompts().BrowseForFolder("Select Mp3 Folder:");
   if (folder.empty()) return;
-  PointFile1At(*f.File1, folder);
+  // File1's entries, read from the scan that filled it rather than back out of the control.
+  const std::vector<std::string> entries = PointFile1At(*f.File1, folder);
   f.lblSetfolder->Tag = ToQ(folder);
   if (f.File1->ListCount() == 0) return;
   const std::int16_t count = f.File1->ListCount();
   for (long long i = 0; i <= count - 1; ++i) {
-    const std::string entry = f.File1->List(i);
+    const std::string& entry = entries[static_cast<std::size_t>(i)];
     const std::string path = CleanDoubledSeparators(folder + kSep + entry);
     f.lstPaths->AddItem(path);
     f.lstMp3->AddItem(FolderDisplayText(path, entry));

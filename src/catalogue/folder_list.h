@@ -27,8 +27,8 @@ std::string CleanDoubledSeparators(std::string path);
 // The folder's "*.mp3" files (extension without regard to case), names only, hidden files left
 // out, sorted by name without regard to case.
 std::vector<std::string> ScanMp3Folder(const std::string& folder);
-// Points File1 at the folder: it holds the scan's names afterwards.
-void PointFile1At(ListBox& file1, const std::string& folder);
+// Points File1 at the folder: it holds the scan's names afterwards, which are also returned.
+std::vector<std::string> PointFile1At(ListBox& file1, const std::string& folder);
 
 // The subject template expanded for one file (fileName$, fileSize$, idTitle$, idArtist$,
 // idAlbum$, idGenre$ in that order); a file without a tag gives its name and "unknown".

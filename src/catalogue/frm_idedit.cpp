@@ -81,8 +81,9 @@ void YearTextBox::keyPressEvent(QKeyEvent* e) {
   if (!t.isEmpty()) {
     const char16_t c = t.at(0).unicode();
     const bool passes = (c >= u'0' && c <= u'9') || c == 8;
-    // Control characters of shortcuts (paste, copy, undo) are no typed keys.
-    if (!passes && c >= 32) {
+    // Control characters of shortcuts (paste, copy, undo) and Delete (127) are no typed keys:
+    // only characters reach the platform's key filter.
+    if (!passes && c >= 32 && c != 127) {
       e->accept();
       return;
     }
@@ -126,8 +127,7 @@ FrmIDedit::FrmIDedit(QWidget* parent)
   SetTwipsGeometry(cmdSave, 2640, top + 30, 1080, 345);
   cmdCancel = new Command3D(QStringLiteral("Ca&ncel"), face, QStringLiteral("cmdCancel"));
   SetTwipsGeometry(cmdCancel, 3840, top + 30, 1080, 345);
-  lblPath = new QLabel(face);
-  lblPath->setObjectName(QStringLiteral("lblPath"));
+  lblPath = new Label(QStringLiteral("lblPath"), QString(), face);
   SetTwipsGeometry(lblPath, 120, top + 60, 2400, 255);
 
   QWidget* order[] = {txtTitle, txtArtist, txtAlbum, txtYear, cmbGenre, txtComment, cmdSave,

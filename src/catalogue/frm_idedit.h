@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ui/secondary_window.h"
+#include "ui/controls.h"
 
 namespace qc {
 
@@ -51,7 +52,7 @@ class FrmIDedit : public SecondaryWindow {
   TagTextBox* txtComment;
   Command3D* cmdSave;
   Command3D* cmdCancel;
-  QLabel* lblPath;
+  Label* lblPath;  // shows the path; its caption is the file Save writes to
 
   // The box's text can only be one of its names (any case); anything else, "" included, is the
   // invalid-property-value failure.

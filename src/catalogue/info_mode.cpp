@@ -77,8 +77,9 @@ void ShowNextFile(FrmMain& f) { Step(f, +1); }
 void ShowPreviousFile(FrmMain& f) { Step(f, -1); }
 
 void SubjectTextChanged(FrmMain& f) {
+  // The box holds a stored line up to its first NUL; that is the line as it can hold it.
   const std::string stored = f.lstSubj->List(IndexInView(f));
-  f.txtSubj->SetBackColor(f.txtSubj->Text() == stored ? kSubjectUnchangedColour : 0xFFFFFFu);
+  f.txtSubj->SetBackColor(f.txtSubj->Holds(stored) ? kSubjectUnchangedColour : 0xFFFFFFu);
 }
 
 void SubjectKeyPress(FrmMain& f, int keyAscii) {

@@ -80,7 +80,8 @@ EmptyDesktop& TheEmptyDesktop() {
 
 }  // namespace
 
-std::string ToCodePage(std::string_view programText) { return Utf8ToCp1252(programText); }
+// Bytes that are not UTF-8 come from file names of another encoding: they pass as they are.
+std::string ToCodePage(std::string_view programText) { return Utf8ToCp1252(programText, true); }
 std::string FromCodePage(std::string_view codePageText) { return Cp1252ToUtf8(codePageText); }
 
 WindowSystem& CurrentWindowSystem() { return gWindowSystem ? *gWindowSystem : TheEmptyDesktop(); }

@@ -105,7 +105,8 @@ class WindowSystem {
 };
 
 // The one conversion between the program's UTF-8 and the code page of the window system. A
-// character the code page lacks becomes '?'; every code-page byte comes back as it went.
+// character the code page lacks becomes '?', a byte that is not UTF-8 (a file name of another
+// encoding) passes as it is; every code-page byte comes back as it went.
 std::string ToCodePage(std::string_view programText);
 std::string FromCodePage(std::string_view codePageText);
 

@@ -11,6 +11,7 @@
 #include "ui/qt_prompts.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
+#include "program/control_dump.h"
 #include "client/window_system.h"
 #include "program/menu_wiring.h"
 #include "shell/skin_art.h"
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
 
   // The lasting windows live until the program ends at once; nothing deletes them.
   auto* frmMain = new qc::FrmMain;
+  prompts.SetOwner(frmMain);  // prompts asked while no window of ours is active
   auto* frmMenu = new qc::FrmMenu;
   auto* frmMenu2 = new qc::FrmMenu2;
   qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2);
@@ -90,5 +92,6 @@ int main(int argc, char** argv) {
   const int width = std::min(420, desk.width() / 3);
   viewer->setGeometry(desk.right() - width - 8, desk.top() + 30, width, desk.height() - 60);
   viewer->show();
+  qc::StartControlDumpFromEnvironment();
   return app.exec();
 }

@@ -114,6 +114,8 @@ void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
   QObject::connect(frmMenu.contactzme, &QAction::triggered, menu, [] { ShowContact(); });
   QObject::connect(frmMenu.endprog, &QAction::triggered, menu, [m, menu] { ExitProgram(*m, *menu); });
   QObject::connect(frmMain.picExit, &Label::clicked, m, [m, menu] { ExitProgram(*m, *menu); });
+  // Closing the window from the window manager takes the same road.
+  QObject::connect(&frmMain, &FrmMain::closeRequested, m, [m, menu] { ExitProgram(*m, *menu); });
 
   // tag: the nine toggles flip their own check marks; nothing else happens on them.
   QObject::connect(frmMenu.renametags, &QAction::triggered, menu, [menu] { AskCommentText(*menu); });

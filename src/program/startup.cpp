@@ -1,7 +1,10 @@
 #include "program/startup.h"
 
 #include <QDir>
+#include <QFontMetrics>
+#include <QCloseEvent>
 #include <QLockFile>
+#include <QStandardPaths>
 #include <QTimer>
 #include <cstdlib>
 #include <vector>
@@ -60,7 +63,13 @@ InstanceLock::InstanceLock(const QString& lockPath) : lock_(std::make_unique<QLo
 
 InstanceLock::~InstanceLock() = default;
 
-QString InstanceLock::DefaultPath() { return QDir::temp().filePath(QStringLiteral("quillcast.lock")); }
+QString InstanceLock::DefaultPath() {
+  // Per user: another user's copy on the same machine is no second instance.
+  const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  const QString dir = runtime.isEmpty() ? QDir::tempPath() : runtime;
+  QDir().mkpath(dir);
+  return QDir(dir).filePath(QStringLiteral("quillcast.lock"));
+}
 
 FrmStart::FrmStart(ProgramWindows windows, QWidget* parent)
     : QWidget(parent, Qt::FramelessWindowHint), w_(windows) {
@@ -96,10 +105,16 @@ FrmStart::FrmStart(ProgramWindows windows, QWidget* parent)
   setAttribute(Qt::WA_StyledBackground, true);
 
   lblVersion = new Label(QStringLiteral("lblVersion"), QString::fromLatin1(kVersionCaption), this);
+  // As wide as its start lies outside the left edge, so that none of it shows before the
+  // slide; the bold face is made small enough to fit.
+  SetTwipsGeometry(lblVersion, 0, 1900, -kVersionStartLeft, 300);
   QFont f = lblVersion->font();
   f.setBold(true);
+  for (int px = 12; px > 7; --px) {
+    f.setPixelSize(px);
+    if (QFontMetrics(f).horizontalAdvance(lblVersion->text()) < lblVersion->width()) break;
+  }
   lblVersion->setFont(f);
-  SetTwipsGeometry(lblVersion, 0, 1900, 1500, 300);
 
   tmrLoad = new QTimer(this);
   tmrLoad->setObjectName(QStringLiteral("tmrLoad"));
@@ -129,6 +144,14 @@ void FrmStart::LoadTick() {
   hide();
   emit loaded();
   deleteLater();
+}
+
+void FrmStart::closeEvent(QCloseEvent* e) {
+  if (e->spontaneous()) {
+    e->ignore();
+    return;
+  }
+  QWidget::closeEvent(e);
 }
 
 bool WarnOnClientGeneration() {

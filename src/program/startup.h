@@ -28,8 +28,8 @@ inline constexpr int kVersionStep = 100;
 inline constexpr int kVersionStopBelow = 5700;
 inline constexpr int kLoadIntervalMs = 500;
 
-// The one instance of the program on this machine: holds a lock file for the program's life.
-// False when another running instance holds it.
+// The one instance of the program for this user: holds a lock file for the program's life.
+// False when another running instance of the same user holds it.
 class InstanceLock {
  public:
   explicit InstanceLock(const QString& lockPath = DefaultPath());
@@ -37,7 +37,7 @@ class InstanceLock {
   InstanceLock(const InstanceLock&) = delete;
   InstanceLock& operator=(const InstanceLock&) = delete;
   bool acquired() const { return acquired_; }
-  static QString DefaultPath();  // in the system's temporary folder
+  static QString DefaultPath();  // in the user's runtime folder
 
  private:
   std::unique_ptr<QLockFile> lock_;
@@ -69,6 +69,10 @@ class FrmStart : public QWidget {
 
  signals:
   void loaded();
+
+ protected:
+  // The splash cannot be closed from the window manager: the load goes on to the main window.
+  void closeEvent(QCloseEvent* e) override;
 
  private:
   ProgramWindows w_;

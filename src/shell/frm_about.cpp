@@ -6,6 +6,7 @@
 
 #include "ui/secondary_window.h"
 #include "ui/window_routines.h"
+#include "ui/shown_text.h"
 #include "shell/skin_art.h"
 
 namespace qc {
@@ -15,6 +16,7 @@ QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, dou
                   double top, double width, double height, bool bold = false) {
   auto* l = new QLabel(text, parent);
   l->setObjectName(name);
+  l->setTextFormat(Qt::PlainText);  // a handle is text, never markup
   SetTwipsGeometry(l, left, top, width, height);
   if (bold) {
     QFont f = l->font();
@@ -60,7 +62,7 @@ FrmAbout::FrmAbout(const QString& handle, QWidget* parent)
   // At load: centred, on top, and the handle as it stands now.
   CenterWindow(this);
   StayOnTop(this);
-  lblName->setText(handle.toLower());
+  lblName->setText(ShownText(handle.toLower()));
 
   for (QWidget* w : findChildren<QWidget*>()) w->installEventFilter(this);
 }

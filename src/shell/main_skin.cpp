@@ -29,9 +29,7 @@ void SetTextColour(QWidget* w, const QColor& c) {
   w->setPalette(pal);
 }
 
-QString ItemCount(QAbstractItemView* list) {
-  return QString::number(list->model() ? list->model()->rowCount() : 0);
-}
+QString ItemCount(const ListBox* list) { return QString::number(list->EntryCount()); }
 
 }  // namespace
 
@@ -148,8 +146,8 @@ void MainSkin::bindTexts() {
   for (const auto& [control, text] : fixed) t.hover(control, QString::fromLatin1(text));
   // The genre speaks on a click, not on moves.
   t.onClick(f_.lblGenre, QStringLiteral("mp3 genre"));
-  QAbstractItemView* mp3 = f_.lstMp3;
-  QAbstractItemView* up = f_.lstUp;
+  ListBox* mp3 = f_.lstMp3;
+  ListBox* up = f_.lstUp;
   t.hover(mp3, [mp3] { return QStringLiteral("select mp3s to up : ") + ItemCount(mp3); });
   t.hover(up, [up] { return QStringLiteral("mp3s choosen to be uploaded : ") + ItemCount(up); });
 }

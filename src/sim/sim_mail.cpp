@@ -1,9 +1,12 @@
 #include "sim/sim_mail.h"
 
+#include "base/cp1252.h"
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
 
+#include "base/cp1252.h"
 #include "client/vocabulary.h"
 
 namespace qc::sim {
@@ -146,8 +149,10 @@ bool SimMail::FileAccepted(const std::string& path) {
     return false;
   }
   if (files_.count(path)) return true;
+  // The path arrives in the code page; the host names files in UTF-8 or in bytes of their own.
   std::error_code ec;
-  return !path.empty() && std::filesystem::is_regular_file(path, ec);
+  return !path.empty() && (std::filesystem::is_regular_file(path, ec) ||
+                           std::filesystem::is_regular_file(Cp1252ToUtf8(path), ec));
 }
 
 std::string SimMail::BadReason(const std::string& address) const {

@@ -4,20 +4,29 @@
 #include <QMouseEvent>
 #include <QPalette>
 
+#include "ui/shown_text.h"
+
 namespace qc {
 
-Label::Label(const QString& name, const QString& text, QWidget* parent) : QLabel(text, parent) {
+Label::Label(const QString& name, const QString& text, QWidget* parent)
+    : QLabel(ShownText(text), parent), caption_(text) {
   setObjectName(name);
+  // A subject such as "<b>loud</b> song" is text, never markup.
+  setTextFormat(Qt::PlainText);
   // Hover hints need moves without a pressed button.
   setMouseTracking(true);
 }
 
 void Label::setText(const QString& text) {
-  if (text == QLabel::text()) return;
-  QLabel::setText(text);
+  if (text == caption_) return;
+  caption_ = text;
+  QLabel::setText(ShownText(text));
   if (autoSize_) adjustSize();
   emit changed();
 }
+
+std::string Label::Caption() const { return FromQ(caption_); }
+void Label::SetCaption(const std::string& text) { setText(ToQ(text)); }
 
 void Label::SetAutoSize(bool on) {
   autoSize_ = on;
@@ -31,8 +40,18 @@ void Label::mousePressEvent(QMouseEvent* e) {
 
 void Label::mouseReleaseEvent(QMouseEvent* e) {
   emit mouseUp(e->button());
-  // The platform's click: released over the control that was pressed.
-  if (e->button() == Qt::LeftButton && rect().contains(e->position().toPoint())) emit clicked();
+  // The platform's click: released over the control that was pressed. The release that ends a
+  // double click is not one, so a double click acts once.
+  const bool secondOfDouble = doubleClickPress_;
+  doubleClickPress_ = false;
+  if (e->button() == Qt::LeftButton && !secondOfDouble && rect().contains(e->position().toPoint()))
+    emit clicked();
+  e->accept();
+}
+
+void Label::mouseDoubleClickEvent(QMouseEvent* e) {
+  // The platform reports the second press as a double click and not as a button going down.
+  if (e->button() == Qt::LeftButton) doubleClickPress_ = true;
   e->accept();
 }
 
@@ -52,6 +71,10 @@ TextBox::TextBox(const QString& name, const QString& text, QWidget* parent)
   setMouseTracking(true);
   setFrame(false);
 }
+
+std::string TextBox::Text() const { return FromQ(text()); }
+void TextBox::SetText(const std::string& text) { setText(ShownText(ToQ(text))); }
+bool TextBox::Holds(const std::string& value) const { return text() == ShownText(ToQ(value)); }
 
 void TextBox::SetBackColor(unsigned bgr) {
   QPalette p = palette();

@@ -11,17 +11,20 @@
 namespace qc {
 
 // A label whose text is data: counters and sum lines are label texts, so a change of the text
-// is an event others react to.
+// is an event others react to. The label keeps its whole caption and shows it as plain text up
+// to the first NUL, as the platform's labels do.
 class Label : public QLabel {
   Q_OBJECT
 
  public:
   Label(const QString& name, const QString& text, QWidget* parent);
 
-  // Hides QLabel::setText so that every assignment through this class reports a change.
+  // Hide QLabel's so that every assignment through this class reports a change, and reads give
+  // the caption rather than what is shown of it.
   void setText(const QString& text);
-  std::string Caption() const { return text().toStdString(); }
-  void SetCaption(const std::string& text) { setText(QString::fromStdString(text)); }
+  QString text() const { return caption_; }
+  std::string Caption() const;
+  void SetCaption(const std::string& text);
 
   // An auto-sizing label takes the width of its text at every change (bold makes it wider).
   void SetAutoSize(bool on);
@@ -39,10 +42,14 @@ class Label : public QLabel {
  protected:
   void mousePressEvent(QMouseEvent* e) override;
   void mouseReleaseEvent(QMouseEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
   void mouseMoveEvent(QMouseEvent* e) override;
 
  private:
+  QString caption_;
   bool autoSize_ = false;
+  // The second press of a double click: its release is no click.
+  bool doubleClickPress_ = false;
 };
 
 // A picture control: a store of artwork, or a button when someone listens to its mouse signals.
@@ -60,8 +67,11 @@ class TextBox : public QLineEdit {
  public:
   TextBox(const QString& name, const QString& text, QWidget* parent);
 
-  std::string Text() const { return text().toStdString(); }
-  void SetText(const std::string& text) { setText(QString::fromStdString(text)); }
+  std::string Text() const;
+  // The box takes the text up to its first NUL, as the platform's text boxes do.
+  void SetText(const std::string& text);
+  // True when the box holds what SetText(value) would leave in it.
+  bool Holds(const std::string& value) const;
   // Background colour in the platform's form, low byte red (0x9F8660 is red 0x60).
   void SetBackColor(unsigned bgr);
   unsigned BackColor() const;

@@ -1,5 +1,6 @@
 #include "ui/frmmain.h"
 
+#include <QCloseEvent>
 #include <QFont>
 
 #include "ui/window_routines.h"
@@ -13,6 +14,7 @@ constexpr int kFaceHeight = 2040;
 constexpr int kPanelLeft = 465;
 constexpr int kPanelWidth = 2790;
 constexpr int kPanelHeight = 1170;
+constexpr int kCaptionMargin = 60;  // the caption row's margin from the panel's sides
 
 template <class W>
 W* Place(W* w, int left, int top, int width, int height) {
@@ -112,6 +114,14 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent) {
   bold.setBold(true);
   lblMp3list->setFont(bold);
   for (Label* l : {lblMp3list, lblSep, lblSelected}) l->SetAutoSize(true);
+  // The anchor of the row stands where its bold form still ends inside the panel's margin.
+  const QFont plain = lblSelected->font();
+  lblSelected->setFont(bold);
+  lblSelected->adjustSize();
+  const double boldWidth = TwipsWidth(lblSelected);
+  lblSelected->setFont(plain);
+  lblSelected->adjustSize();
+  SetTwipsLeft(lblSelected, kPanelWidth - kCaptionMargin - boldWidth);
   LayOutCaptionRow();
 
   lstMp3 = MakeList("lstMp3", pnlSelect, 60, 255, 2385, 870, true);
@@ -162,6 +172,17 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent) {
 void FrmMain::LayOutCaptionRow() {
   SetTwipsLeft(lblSep, TwipsLeft(lblSelected) - TwipsWidth(lblSep));
   SetTwipsLeft(lblMp3list, TwipsLeft(lblSep) - TwipsWidth(lblMp3list));
+}
+
+}  // namespace qc
+
+namespace qc {
+
+void FrmMain::closeEvent(QCloseEvent* e) {
+  // The program never closes this window itself (exit hides it and ends): a close comes from
+  // outside. Hidden, it would keep the program and its instance lock with nothing on screen.
+  e->ignore();
+  emit closeRequested();
 }
 
 }  // namespace qc

@@ -89,6 +89,14 @@ class FrmMain : public QWidget {
   // Lays the caption row of the select panel out from lblSelected leftwards, as auto-sizing
   // labels change width when they turn bold.
   void LayOutCaptionRow();
+
+ signals:
+  // Something asked to close the window (the window manager's Alt+F4): the window stays, and
+  // whoever listens takes the exit road.
+  void closeRequested();
+
+ protected:
+  void closeEvent(QCloseEvent* e) override;
 };
 
 // Design-time values that other parts compare against.

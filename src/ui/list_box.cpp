@@ -1,63 +1,106 @@
 #include "ui/list_box.h"
 
+#include <QStyledItemDelegate>
+
+#include "ui/shown_text.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 
 namespace qc {
+namespace {
+
+// How often appended entries reach a visible list: often enough to watch it grow.
+constexpr int kFlushIntervalMs = 40;
+
+class ShownTextDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QString displayText(const QVariant& value, const QLocale& locale) const override {
+    return QStyledItemDelegate::displayText(ShownText(value.toString()), locale);
+  }
+};
+
+}  // namespace
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
   setSelectionMode(QAbstractItemView::SingleSelection);
+  // Rows of one height: laying out thousands of entries measures one of them.
+  setUniformItemSizes(true);
+  setItemDelegate(new ShownTextDelegate(this));
+  flushTimer_.setSingleShot(true);
+  flushTimer_.setInterval(kFlushIntervalMs);
+  QObject::connect(&flushTimer_, &QTimer::timeout, this, [this] { Flush(); });
+}
+
+void ListBox::Flush() {
+  flushTimer_.stop();
+  if (pending_.isEmpty()) return;
+  addItems(pending_);
+  pending_.clear();
 }
 
 void ListBox::CheckIndex(long long index, int failure) const {
   ToInteger16(index);
-  if (index < 0 || index >= count()) RaiseFailure(failure);
+  if (index < 0 || index >= EntryCount()) RaiseFailure(failure);
+}
+
+QString ListBox::Value(int index) const {
+  if (index < count()) return item(index)->text();
+  return pending_.at(index - count());
 }
 
 void ListBox::AddItem(const std::string& text) {
-  addItem(QString::fromStdString(text));
-  newIndex_ = count() - 1;
+  pending_.append(ToQ(text));
+  if (!flushTimer_.isActive()) flushTimer_.start();
+  newIndex_ = EntryCount() - 1;
 }
 
 void ListBox::AddItem(const std::string& text, long long index) {
   ToInteger16(index);
-  if (index < 0 || index > count()) RaiseFailure(kInvalidArgument);
-  insertItem(static_cast<int>(index), QString::fromStdString(text));
+  if (index < 0 || index > EntryCount()) RaiseFailure(kInvalidArgument);
+  Flush();
+  insertItem(static_cast<int>(index), ToQ(text));
   newIndex_ = static_cast<int>(index);
 }
 
 void ListBox::RemoveItem(long long index) {
   CheckIndex(index, kInvalidArgument);
+  Flush();
   delete takeItem(static_cast<int>(index));
 }
 
 void ListBox::Clear() {
+  flushTimer_.stop();
+  pending_.clear();
   clear();
   newIndex_ = -1;
 }
 
-std::int16_t ListBox::ListCount() const { return ToInteger16(count()); }
+std::int16_t ListBox::ListCount() const { return ToInteger16(EntryCount()); }
 
 std::string ListBox::List(long long index) const {
   ToInteger16(index);
-  const QListWidgetItem* it = index >= 0 && index < count() ? item(static_cast<int>(index)) : nullptr;
-  return it ? it->text().toStdString() : std::string();
+  return index >= 0 && index < EntryCount() ? FromQ(Value(static_cast<int>(index)))
+                                             : std::string();
 }
 
 void ListBox::SetList(long long index, const std::string& text) {
   CheckIndex(index, kInvalidPropertyArrayIndex);
-  item(static_cast<int>(index))->setText(QString::fromStdString(text));
+  Flush();
+  item(static_cast<int>(index))->setText(ToQ(text));
 }
 
 std::int16_t ListBox::NewIndex() const { return ToInteger16(newIndex_); }
 
 bool ListBox::Selected(long long index) const {
   CheckIndex(index, kInvalidPropertyArrayIndex);
-  return item(static_cast<int>(index))->isSelected();
+  // An entry still on its way to the view cannot have been selected.
+  return index < count() && item(static_cast<int>(index))->isSelected();
 }
 
 void ListBox::SetSelected(long long index, bool selected) {
   CheckIndex(index, kInvalidPropertyArrayIndex);
+  Flush();
   QListWidgetItem* it = item(static_cast<int>(index));
   if (multiSelect_ == kSingle) {
     if (selected) {
@@ -87,7 +130,8 @@ void ListBox::SetListIndex(long long index) {
     setCurrentRow(-1);
     return;
   }
-  if (index < -1 || index >= count()) RaiseFailure(kInvalidPropertyValue);
+  if (index < -1 || index >= EntryCount()) RaiseFailure(kInvalidPropertyValue);
+  Flush();
   setCurrentRow(static_cast<int>(index));
 }
 
@@ -105,9 +149,11 @@ void ListBox::SetMultiSelect(MultiSelect mode) {
 
 std::vector<std::string> ListBox::Items() const {
   std::vector<std::string> items;
-  items.reserve(static_cast<std::size_t>(count()));
-  for (int i = 0; i < count(); ++i) items.push_back(item(i)->text().toStdString());
+  items.reserve(static_cast<std::size_t>(EntryCount()));
+  for (int i = 0; i < EntryCount(); ++i) items.push_back(FromQ(Value(i)));
   return items;
 }
+
+QString ListBox::ShownItem(int index) const { return ShownText(Value(index)); }
 
 }  // namespace qc

@@ -1,7 +1,14 @@
 #pragma once
 // The one list control of the program, visible or hidden, with the platform list's operations.
 // Indexes and counts are signed 16-bit numbers: past 32,767 entries reading them overflows.
+//
+// An entry keeps its whole value (NULs and bytes that are not UTF-8 included); the list shows
+// it up to the first NUL. Entries appended to a visible list reach the view in batches, a few
+// times a second, so that a folder of thousands of files is not laid out again at every pump;
+// the list's operations see every entry at once.
 #include <QListWidget>
+#include <QStringList>
+#include <QTimer>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -45,13 +52,23 @@ class ListBox : public QListWidget {
 
   std::vector<std::string> Items() const;
 
+  // The entry count without the 16-bit conversion (for texts that show it).
+  int EntryCount() const { return count() + static_cast<int>(pending_.size()); }
+  // What the list shows of entry `index`.
+  QString ShownItem(int index) const;
+  // Hands appended entries to the view now.
+  void Flush();
+
   // Free text that handlers keep on the control.
   QString Tag;
 
  private:
   void CheckIndex(long long index, int failure) const;
+  QString Value(int index) const;
   MultiSelect multiSelect_ = kSingle;
   int newIndex_ = -1;
+  QStringList pending_;  // appended, not yet in the view
+  QTimer flushTimer_;
 };
 
 }  // namespace qc

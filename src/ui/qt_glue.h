@@ -3,6 +3,8 @@
 #include <QString>
 #include <string>
 
+#include "ui/shown_text.h"
+
 class QWidget;
 
 namespace qc {
@@ -13,9 +15,6 @@ class ListBox;
 void InstallQtPump();
 // Blocks until Qt has handled at least one event or `seconds` have gone by.
 void WaitForQtEvents(double seconds);
-
-inline QString ToQ(const std::string& s) { return QString::fromStdString(s); }
-inline std::string FromQ(const QString& s) { return s.toStdString(); }
 
 // The text of a QLineEdit, QPlainTextEdit or QTextEdit (plain), with line ends as CR LF as the
 // logic and the files hold them; multi-line boxes show them as plain line breaks.

@@ -1,9 +1,12 @@
 #include "ui/qt_prompts.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
+
+#include "ui/shown_text.h"
 
 namespace qc {
 namespace {
@@ -22,9 +25,12 @@ class Showing {
   QPointer<QWidget> previous_;
 };
 
-void MakeSystemModal(QWidget* dialog, int flags) {
-  dialog->setWindowModality(Qt::ApplicationModal);
-  if (flags & kSystemModal) dialog->setWindowFlag(Qt::WindowStaysOnTopHint, true);
+// The program's texts break lines with carriage returns alone.
+QString WithLineBreaks(const std::string& text) {
+  QString t = ToQ(text);
+  t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  t.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  return t;
 }
 
 QMessageBox::Icon IconOf(int flags) {
@@ -37,26 +43,51 @@ QMessageBox::Icon IconOf(int flags) {
   }
 }
 
+// Runs a dialog made on the heap for `owner`: modal, in front of every window (the forms that
+// open prompts all stay on top, and a platform window owned by one stands above it), raised and
+// given the keyboard. The dialog goes with its owner should that be unloaded while it runs.
+template <class D, class Setup, class Read>
+int RunDialog(QWidget* owner, Setup&& setup, Read&& read) {
+  QPointer<D> dialog = new D(owner);
+  dialog->setWindowModality(Qt::ApplicationModal);
+  dialog->setWindowFlag(Qt::WindowStaysOnTopHint, true);
+  setup(*dialog);
+  Showing showing(dialog);
+  dialog->show();
+  dialog->raise();
+  dialog->activateWindow();
+  const int result = dialog->exec();
+  if (!dialog) return QDialog::Rejected;
+  read(*dialog);
+  delete dialog.data();
+  return result;
+}
+
 }  // namespace
 
 QWidget* QtPrompts::OpenDialog() { return openDialog; }
 
+QWidget* QtPrompts::Owner() const {
+  // The form the user is working in opened the prompt; popups and hidden windows own nothing.
+  QWidget* active = QApplication::activeWindow();
+  if (active && active->isVisible() && active->windowType() != Qt::Popup) return active;
+  return owner_;
+}
+
 int QtPrompts::MsgBox(const std::string& text, int flags, const std::string& title) {
-  QMessageBox box(parent_);
-  box.setWindowTitle(QString::fromStdString(title));
-  box.setText(QString::fromStdString(text));
-  box.setTextFormat(Qt::PlainText);
-  box.setIcon(IconOf(flags));
-  MakeSystemModal(&box, flags);
   const bool yesNo = (flags & 7) == kYesNo;
-  if (yesNo) {
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box.setDefaultButton(QMessageBox::Yes);
-  } else {
-    box.setStandardButtons(QMessageBox::Ok);
-  }
-  Showing showing(&box);
-  const int pressed = box.exec();
+  const int pressed = RunDialog<QMessageBox>(Owner(), [&](QMessageBox& box) {
+    box.setWindowTitle(ToQ(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(WithLineBreaks(text));
+    box.setIcon(IconOf(flags));
+    if (yesNo) {
+      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+      box.setDefaultButton(QMessageBox::Yes);
+    } else {
+      box.setStandardButtons(QMessageBox::Ok);
+    }
+  }, [](QMessageBox&) {});
   if (!yesNo) return kAnswerOk;
   // Escape or closing the box counts as No.
   return pressed == QMessageBox::Yes ? kAnswerYes : kAnswerNo;
@@ -66,29 +97,36 @@ std::optional<std::string> QtPrompts::InputBox(const std::string& prompt,
                                                const std::string& title,
                                                const std::string& defaultText, int xTwips,
                                                int yTwips) {
-  QInputDialog dialog(parent_);
-  dialog.setWindowTitle(QString::fromStdString(title));
-  dialog.setLabelText(QString::fromStdString(prompt));
-  dialog.setInputMode(QInputDialog::TextInput);
-  dialog.setTextValue(QString::fromStdString(defaultText));
-  dialog.setWindowModality(Qt::ApplicationModal);
-  dialog.move(xTwips / kTwipsPerPixel, yTwips / kTwipsPerPixel);
-  Showing showing(&dialog);
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return dialog.textValue().toStdString();
+  QString answer;
+  const int result = RunDialog<QInputDialog>(
+      Owner(),
+      [&](QInputDialog& dialog) {
+        dialog.setWindowTitle(ToQ(title));
+        dialog.setLabelText(WithLineBreaks(prompt));
+        dialog.setInputMode(QInputDialog::TextInput);
+        dialog.setTextValue(ToQ(defaultText));
+        // At its own place on the screen, not centred over the owner.
+        dialog.move(xTwips / kTwipsPerPixel, yTwips / kTwipsPerPixel);
+      },
+      [&](QInputDialog& dialog) { answer = dialog.textValue(); });
+  if (result != QDialog::Accepted) return std::nullopt;
+  return FromQ(answer);
 }
 
 std::string QtPrompts::BrowseForFolder(const std::string& title) {
-  QFileDialog dialog(parent_, QString::fromStdString(title));
-  dialog.setFileMode(QFileDialog::Directory);
-  dialog.setOption(QFileDialog::ShowDirsOnly, true);
-  // The same dialog on every desktop, and one that tests can drive.
-  dialog.setOption(QFileDialog::DontUseNativeDialog, true);
-  dialog.setWindowModality(Qt::ApplicationModal);
-  Showing showing(&dialog);
-  if (dialog.exec() != QDialog::Accepted) return {};
-  const QStringList chosen = dialog.selectedFiles();
-  return chosen.isEmpty() ? std::string() : chosen.first().toStdString();
+  QStringList chosen;
+  const int result = RunDialog<QFileDialog>(
+      Owner(),
+      [&](QFileDialog& dialog) {
+        dialog.setWindowTitle(ToQ(title));
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly, true);
+        // The same dialog on every desktop, and one that tests can drive.
+        dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+      },
+      [&](QFileDialog& dialog) { chosen = dialog.selectedFiles(); });
+  if (result != QDialog::Accepted || chosen.isEmpty()) return {};
+  return FromQ(chosen.first());
 }
 
 }  // namespace qc

@@ -12,13 +12,17 @@ namespace qc {
 // Screen positions of the prompts are given in twips; a pixel is 15 twips.
 inline constexpr int kTwipsPerPixel = 15;
 
+// Every prompt is owned by the window the user is working in, or else by the given owner (the
+// main window), and stands in front of all windows while it runs. Carriage returns in texts
+// are line breaks.
 class QtPrompts : public Prompts {
  public:
-  // Boxes are owned by `parent` when given (none: top-level boxes).
-  explicit QtPrompts(QWidget* parent = nullptr) : parent_(parent) {}
+  explicit QtPrompts(QWidget* owner = nullptr) : owner_(owner) {}
+  void SetOwner(QWidget* owner) { owner_ = owner; }
+  // The window a prompt asked now would belong to.
+  QWidget* Owner() const;
 
-  // Yes/No boxes answer kAnswerYes or kAnswerNo; others kAnswerOk. The icon follows the flags;
-  // a system-modal box stays on top of every window.
+  // Yes/No boxes answer kAnswerYes or kAnswerNo; others kAnswerOk. The icon follows the flags.
   int MsgBox(const std::string& text, int flags, const std::string& title) override;
   // The box's top-left corner at (x, y) twips on the screen; nullopt when cancelled.
   std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
@@ -31,7 +35,7 @@ class QtPrompts : public Prompts {
   static QWidget* OpenDialog();
 
  private:
-  QWidget* parent_;
+  QWidget* owner_;
 };
 
 }  // namespace qc

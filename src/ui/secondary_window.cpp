@@ -1,5 +1,6 @@
 #include "ui/secondary_window.h"
 
+#include <QCloseEvent>
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
@@ -209,16 +210,28 @@ Command3D* SecondaryWindow::addSaveExit(const QString& name, const QString& capt
 void SecondaryWindow::sizeFromFrame() { resize(frame_->size()); }
 
 void SecondaryWindow::open() {
-  sizeFromFrame();
-  CenterWindow(this);
-  StayOnTop(this);
+  // Centred when it is loaded; opened again while open, it stays where the user put it.
+  if (!loaded_) {
+    sizeFromFrame();
+    CenterWindow(this);
+    StayOnTop(this);
+    loaded_ = true;
+  }
   show();
   raise();
+  activateWindow();
 }
 
 void SecondaryWindow::saveAndExit() {
   if (save_) save_();
   close();
+}
+
+void SecondaryWindow::closeEvent(QCloseEvent* e) {
+  // Closed from the window manager, a window whose only exit saves takes that exit rather than
+  // dropping what the user typed.
+  if (e->spontaneous() && save_) save_();
+  QWidget::closeEvent(e);
 }
 
 }  // namespace qc

@@ -108,15 +108,20 @@ class SecondaryWindow : public QWidget {
 
   // The window takes the width and height of pnlFrame.
   void sizeFromFrame();
-  // sizeFromFrame, CenterWindow, StayOnTop, then shown without blocking.
+  // At the first opening sizeFromFrame, CenterWindow and StayOnTop; then shown without
+  // blocking, in front.
   void open();
   // Runs the save hook, then unloads the window (it is deleted once closed).
   void saveAndExit();
+
+ protected:
+  void closeEvent(QCloseEvent* e) override;
 
  private:
   Panel3D* frame_;
   TitlePanel* title_;
   std::function<void()> save_;
+  bool loaded_ = false;
 };
 
 // Shows the window held by `slot`, loading it anew first when it was unloaded.

@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <clocale>
-
 #include "base/numbers.h"
+#include "support/comma_locale.h"
 
 namespace qc {
 namespace {
@@ -41,14 +40,17 @@ TEST(NumberText, PaddedAndPlainForms) {
   EXPECT_EQ(PlainNumberText(1e15), "1E+15");
 }
 
-TEST(NumberText, FullStopOnEveryLocale) {
-  const char* old = std::setlocale(LC_ALL, nullptr);
-  std::string saved = old ? old : "C";
-  if (std::setlocale(LC_ALL, "de_DE.UTF-8") || std::setlocale(LC_ALL, "fr_FR.UTF-8")) {
-    EXPECT_EQ(PlainNumberText(2.25), "2.25");
-    EXPECT_DOUBLE_EQ(LeadingNumber("2.25"), 2.25);
-  }
-  std::setlocale(LC_ALL, saved.c_str());
+TEST(NumberText, FullStopUnderACommaLocale) {
+  test::CommaLocale comma;
+  ASSERT_TRUE(comma.active());
+  EXPECT_DOUBLE_EQ(LeadingNumber("12.75"), 12.75);
+  EXPECT_DOUBLE_EQ(LeadingNumber(" .5mb"), 0.5);
+  EXPECT_DOUBLE_EQ(LeadingNumber("12,75"), 12);
+  EXPECT_EQ(PlainNumberText(2.5), "2.5");
+  EXPECT_EQ(PlainNumberText(1.5e-7), "1.5E-07");
+  EXPECT_EQ(PaddedNumberText(12.75), " 12.75");
+  EXPECT_EQ(PaddedNumberText(-0.5), "-.5");
+  EXPECT_EQ(SizeText(4270000), "4.27");
 }
 
 TEST(SizeText, DecimalMegabytesRoundedToTwoPlaces) {

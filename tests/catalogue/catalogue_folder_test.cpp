@@ -4,6 +4,8 @@
 #include "base/prompts.h"
 #include "catalogue_fixture.h"
 #include "ui/window_routines.h"
+#include "catalogue/catalogue_fixture.h"
+#include "catalogue/info_mode.h"
 
 namespace qc::test {
 namespace {
@@ -43,6 +45,45 @@ TEST_F(CatalogueTest, FolderChoiceAppendsPathsAndDisplayTexts) {
   EXPECT_EQ(main.lblSetfolder->Tag.toStdString(), empty);
   EXPECT_TRUE(prompts.boxes.empty());
   EXPECT_EQ(LastPathComponent(kSep + "x" + kSep + "y.z.mp3"), "y.z.mp3");
+}
+
+TEST_F(CatalogueTest, FileNamesThatAreNotUtf8AreFoundReadAndAdded) {
+  const std::string tagged = Mp3("caf\xE9.mp3", TagBytes("Caf\xE9", "Band"), 700000);
+  const std::string bare = Mp3("n\xE9.mp3", "");
+  SetTemplate("fileName$ fileSize$ idTitle$");
+  Choose(folder_);
+  EXPECT_EQ(main.lstPaths->Items(), (std::vector<std::string>{tagged, bare}));
+  // The tag's bytes are Windows-1252 text; the untagged file shows its name.
+  EXPECT_EQ(main.lstMp3->Items(),
+            (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
+  Select({0, 1});
+  AddSelectedMp3s(main);
+  EXPECT_EQ(main.lstPathSelect->Items(), (std::vector<std::string>{tagged, bare}));
+  EXPECT_EQ(main.lstSubj->Items(), (std::vector<std::string>{"caf\xE9.mp3 .7 Caf\u00E9",
+                                                               "n\xE9.mp3 0 n\xE9.mp3"}));
+  EXPECT_EQ(main.lblTitle->Caption(), "title: n\xE9.mp3");
+  EXPECT_EQ(main.lstMp3->ShownItem(1), QString::fromUtf8("n\u00E9.mp3"));
+  RefreshFolderList(main);
+  EXPECT_EQ(main.lstMp3->Items(), (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
+}
+
+TEST_F(CatalogueTest, NulPaddedFieldsShowUpToTheNulAndTheSubjectCarriesThem) {
+  Mp3("a.mp3", TagBytes("miracles", "ilona", "quiet", "1999", "", 12, '\0'));
+  Choose(folder_);
+  const std::string title = "miracles" + std::string(22, '\0');
+  const std::string artist = "ilona" + std::string(25, '\0');
+  EXPECT_EQ(main.lstMp3->List(0), title + " - " + artist);
+  EXPECT_EQ(main.lstMp3->ShownItem(0), QStringLiteral("miracles"));
+  Select({0});
+  AddSelectedMp3s(main);
+  EXPECT_EQ(main.lstSubj->List(0), kHead + "[" + artist + "]-" + title);
+  EXPECT_EQ(main.lblArtist->Caption(), "artist: " + artist);
+  EXPECT_EQ(static_cast<QLabel*>(main.lblArtist)->text(), QStringLiteral("artist: ilona"));
+  EXPECT_EQ(main.txtSubj->Text(), kHead + "[ilona");
+  // In info mode the box agrees with the stored line as far as it can hold it.
+  GoInfoMode(main);
+  EXPECT_EQ(main.txtSubj->Text(), kHead + "[ilona");
+  EXPECT_EQ(main.txtSubj->BackColor(), kSubjectUnchangedColour);
 }
 
 TEST_F(CatalogueTest, RefreshRebuildsTextsWithItsOwnRuleAndDropsSelection) {
@@ -187,6 +228,10 @@ TEST_F(CatalogueTest, ViewSwitchShowsOneListAndKeepsTheAnchor) {
     EXPECT_EQ(TwipsLeft(main.lblSelected), anchor);
     EXPECT_EQ(TwipsLeft(main.lblSep) + TwipsWidth(main.lblSep), anchor);
     EXPECT_EQ(TwipsLeft(main.lblMp3list) + TwipsWidth(main.lblMp3list), TwipsLeft(main.lblSep));
+    // The bold caption, closing bracket and all, ends inside the panel.
+    if (selected) {
+      EXPECT_LE(anchor + TwipsWidth(main.lblSelected), TwipsWidth(main.pnlSelect) - 45);
+    }
   }
 }
 

@@ -145,10 +145,13 @@ TEST_F(TagEditorTest, SecondOpeningReusesTheWindowAndCancelLeavesTheFile) {
   Pick(Mp3("a.mp3", TagBytes("A", "", "", "", "", 1)));
   ViaLblId();
   FrmIDedit* first = TagEditor();
+  first->move(first->pos() + QPoint(37, 21));  // the user moved it
+  const QPoint movedTo = first->pos();
   const std::string b = Mp3("b.mp3", TagBytes("B", "", "", "", "", 2));
   Pick(b);
   ViaLblId();
   EXPECT_EQ(TagEditor(), first);
+  EXPECT_EQ(first->pos(), movedTo);  // not centred again
   EXPECT_EQ(Boxes(), (Items{"B", "", "", "", "Country", ""}));
   Ed().txtTitle->setText(QStringLiteral("changed"));
   const std::string before = ReadBytes(b);
@@ -156,6 +159,20 @@ TEST_F(TagEditorTest, SecondOpeningReusesTheWindowAndCancelLeavesTheFile) {
   Closed();
   EXPECT_EQ(TagEditor(), nullptr);
   EXPECT_EQ(ReadBytes(b), before);
+}
+
+TEST_F(TagEditorTest, FileNameThatIsNotUtf8OpensShowsNulPaddedFieldsAndSaves) {
+  const std::string a =
+      Mp3("caf\xE9.mp3", TagBytes("Old", "Band", "Disc", "2001", "note", 17, '\0'));
+  Pick(a);
+  ViaLblIdview();
+  EXPECT_TRUE(prompts.boxes.empty());  // found
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"Old", "Band", "Disc", "2001", "Rock", "note"}));
+  EXPECT_EQ(Ed().lblPath->Caption(), a);
+  Ed().txtTitle->setText(QStringLiteral("New"));
+  Ed().cmdSave->click();
+  Closed();
+  EXPECT_EQ(ReadId3Tag(a).title, "New");
 }
 
 TEST_F(TagEditorTest, YearFilterLimitsAndSelectAllOnFocus) {
@@ -167,6 +184,13 @@ TEST_F(TagEditorTest, YearFilterLimitsAndSelectAllOnFocus) {
   EXPECT_EQ(year->text(), "1999");  // letters and minus refused, the fifth digit too
   Key(year, Qt::Key_Backspace, QStringLiteral("\b"));
   EXPECT_EQ(year->text(), "199");
+  // Editing keys are no typed characters: Delete, the arrows and Home pass.
+  Key(year, Qt::Key_Home, QString());
+  Key(year, Qt::Key_Delete, QStringLiteral("\x7f"));
+  EXPECT_EQ(year->text(), "99");
+  Key(year, Qt::Key_Right, QString());
+  Key(year, Qt::Key_Delete, QStringLiteral("\x7f"));
+  EXPECT_EQ(year->text(), "9");
   year->clear();
   QApplication::clipboard()->setText(QStringLiteral("-7a"));
   year->paste();

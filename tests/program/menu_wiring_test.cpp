@@ -186,6 +186,7 @@ TEST(ProgramTest, SecondInstanceEndsSilentlyBeforeAnyWindow) {
   ASSERT_TRUE(held.acquired());
   QProcess p;
   QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+  env.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);  // where the user's lock lies
   env.insert(QStringLiteral("TMPDIR"), path);
   env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
   env.insert(QStringLiteral("XDG_CONFIG_HOME"), path);

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QFontMetrics>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include "base/pump.h"
@@ -164,6 +166,17 @@ TEST_F(StartupTest, VersionLabelSlidesFromOutsideToFiftySevenTwentyFive) {
   EXPECT_EQ(label.x(), ToPixelsX(5725));
 }
 
+TEST_F(StartupTest, NoneOfTheVersionShowsBeforeTheSlide) {
+  FrmMenu2 menu2;
+  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2});
+  start->Open();
+  start->tmrLoad->stop();
+  const Label& label = *start->lblVersion;
+  EXPECT_LE(label.x() + label.width(), 0);
+  EXPECT_LT(QFontMetrics(label.font()).horizontalAdvance(label.text()), label.width());
+  delete start;
+}
+
 TEST_F(StartupTest, WholeLoadFromSplashToMainWindowGreetsTheRoomFirst) {
   StartClient(5, "Ilona");
   sim::SimChat chat(*client);
@@ -278,6 +291,18 @@ TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
   EXPECT_EQ(frm.lstPathSelect->ListCount(), 3);
   EXPECT_EQ(stored("frmmenu.sendlater.Checked"), "1");
   EXPECT_EQ(stored("frmmenu.bbcemail.Checked"), "0");
+}
+
+TEST(InstanceLockTest, TheLockIsTheUsersOwn) {
+  QTemporaryDir a, b;
+  const QByteArray old = qgetenv("XDG_RUNTIME_DIR");
+  qputenv("XDG_RUNTIME_DIR", a.path().toLocal8Bit());
+  const QString first = InstanceLock::DefaultPath();
+  qputenv("XDG_RUNTIME_DIR", b.path().toLocal8Bit());
+  const QString second = InstanceLock::DefaultPath();
+  qputenv("XDG_RUNTIME_DIR", old);
+  EXPECT_EQ(first, a.filePath(QStringLiteral("quillcast.lock")));
+  EXPECT_EQ(second, b.filePath(QStringLiteral("quillcast.lock")));
 }
 
 TEST(InstanceLockTest, SecondInstanceIsRefusedUntilTheFirstEnds) {

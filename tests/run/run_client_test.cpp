@@ -5,6 +5,7 @@
 #include "run/tagging_run.h"
 #include "run_rig.h"
 #include "sim/sim_mail.h"
+#include "support/comma_locale.h"
 #include "ui/window_routines.h"
 
 namespace qc::test {
@@ -129,6 +130,34 @@ TEST_F(ClientRun, EachGenerationWithAndWithoutSendLater) {
     EXPECT_EQ(frm.Label1->text().toStdString(), c.sums);
     EXPECT_EQ(frm.lstPathSelect->ListCount(), 0);
   }
+}
+
+TEST_F(ClientRun, UnderACommaLocaleTotalsAreReadAndWrittenWithAFullStop) {
+  CommaLocale comma;
+  ASSERT_TRUE(comma.active());
+  StartClient(5);
+  frm.lblMBs->SetCaption("12.75");
+  frm.lblUps->SetCaption("3");
+  Choose("one.mp3", 1500000, "a");
+  Choose("two.mp3", 500000, "b");
+  menu.setCheck("sendlater", true);
+  Run();
+  EXPECT_EQ(mail->Outgoing().size(), 2u);
+  EXPECT_EQ(frm.lblTagTotalMb->Caption(), "2");
+  EXPECT_EQ(frm.Label1->Caption(), "5 ups : 14.75 mb");
+  EXPECT_EQ(TotalSizeText(frm), "14.75mbs");
+  EXPECT_EQ(TotalSizeText(std::string("1500000")), "1,500.00gigs");
+}
+
+TEST_F(ClientRun, AFileNameThatIsNotUtf8IsTaggedAndAttached) {
+  StartClient(5);
+  Check({"sendlater", "renamecomment"});
+  const std::string path = Choose("caf\xE9.mp3", 500000, "latin");
+  Run();
+  ASSERT_EQ(mail->Outgoing().size(), 1u);
+  EXPECT_EQ(mail->Outgoing()[0].attachments, std::vector<std::string>{path});
+  EXPECT_NE(mail->Outgoing()[0].body.find("file name: caf\xE9.mp3\r\n"), std::string::npos);
+  EXPECT_EQ(ReadId3Tag(path).comment, "renamed comment");
 }
 
 TEST_F(ClientRun, BlindCopiesToBothListsAfterTheDeadCheck) {

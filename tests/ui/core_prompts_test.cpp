@@ -6,6 +6,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QApplication>
 #include <QTimer>
 #include <functional>
 
@@ -106,6 +108,52 @@ TEST(QtPrompts, InputBoxStandsAtTheTwipPositionAndGivesTheText) {
     static_cast<QDialog*>(w)->accept();
   });
   EXPECT_EQ(prompts.InputBox("p", "t", "d", 0, 0), std::optional<std::string>(""));
+}
+
+TEST(QtPrompts, PromptsBelongToTheFormInUseStandInFrontAndBreakLinesAtCarriageReturns) {
+  QWidget mainForm;
+  QtPrompts prompts(&mainForm);
+  ASSERT_EQ(QApplication::activeWindow(), nullptr);
+  struct Seen {
+    QWidget* owner = nullptr;
+    bool onTop = false;
+    QString text;
+  };
+  auto seen = [](QWidget* w, const QString& text) {
+    return Seen{w->parentWidget(), w->windowFlags().testFlag(Qt::WindowStaysOnTopHint), text};
+  };
+  Seen input, box, folder;
+  WhenOpen([&](QWidget* w) {
+    input = seen(w, static_cast<QInputDialog*>(w)->labelText());
+    static_cast<QDialog*>(w)->reject();
+  });
+  prompts.InputBox("rename to...\r\r\r...30 letters max.", "id tags", "", 15, 15);
+  EXPECT_EQ(input.owner, &mainForm);  // nothing of ours active: the main window
+  EXPECT_TRUE(input.onTop);
+  EXPECT_EQ(input.text, "rename to...\n\n\n...30 letters max.");
+
+  // An editor the user works in owns what it asks, message boxes of any flags included.
+  QWidget editor;
+  editor.show();
+  editor.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+  WhenOpen([&](QWidget* w) {
+    box = seen(w, static_cast<QMessageBox*>(w)->text());
+    static_cast<QMessageBox*>(w)->button(QMessageBox::Ok)->click();
+  });
+  prompts.MsgBox("line one\rline two\r\n", kOkOnly, "contact");
+  EXPECT_EQ(box.owner, &editor);
+  EXPECT_TRUE(box.onTop);
+  EXPECT_EQ(box.text, "line one\nline two\n");
+  editor.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+  WhenOpen([&](QWidget* w) {
+    folder = seen(w, w->windowTitle());
+    static_cast<QDialog*>(w)->reject();
+  });
+  prompts.BrowseForFolder("Select Mp3 Folder:");
+  EXPECT_EQ(folder.owner, &editor);
+  EXPECT_TRUE(folder.onTop);
 }
 
 TEST(QtPrompts, FolderChooserGivesAFolderOrNothing) {

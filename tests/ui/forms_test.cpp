@@ -2,6 +2,7 @@
 // and design texts, and every menu tree in screen order with its captions; then the events the
 // controls report.
 #include <QAction>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -184,6 +185,36 @@ TEST(Label, ReportsChangesOfItsTextOnlyAndAutoSizes) {
   const int narrow = l.width();
   l.SetCaption("a much longer caption");
   EXPECT_GT(l.width(), narrow);
+}
+
+TEST(Label, DoubleClickActsOnce) {
+  FrmMain f;
+  f.show();
+  Label* l = f.picDown;
+  QSignalSpy clicked(l, &Label::clicked);
+  QSignalSpy up(l, &Label::mouseUp);
+  // A double click as the platform delivers it: a click, then a press, the double click, and
+  // the release.
+  QTest::mouseClick(l, Qt::LeftButton);
+  QTest::mousePress(l, Qt::LeftButton);
+  const QPointF at(l->width() / 2.0, l->height() / 2.0);
+  QMouseEvent twice(QEvent::MouseButtonDblClick, at, l->mapToGlobal(at), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(l, &twice);
+  QTest::mouseRelease(l, Qt::LeftButton);
+  EXPECT_EQ(up.count(), 2);
+  EXPECT_EQ(clicked.count(), 1);
+  QTest::mouseClick(l, Qt::LeftButton);
+  EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(FrmMain, CloseIsRefusedAndReported) {
+  FrmMain f;
+  f.show();
+  QSignalSpy asked(&f, &FrmMain::closeRequested);
+  EXPECT_FALSE(f.close());  // as the window manager's close (Alt+F4) arrives
+  EXPECT_EQ(asked.count(), 1);
+  EXPECT_TRUE(f.isVisible());
 }
 
 TEST(Label, ClickIsAPressAndReleaseOverAnEnabledControl) {
