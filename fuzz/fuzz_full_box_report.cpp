@@ -1,6 +1,6 @@
 // The full-box check's reading of the client's error report on arbitrary text: the first piece
 // of the input (cut at 0x00 bytes) is the report, the others the list. Exactly the items that
-// the lower-cased report names followed by "-" go, the others stay in order, and the removed
+// the report, lower-cased as code-page text, names followed by "-" go, the others stay in order, and the removed
 // text lists the ones that went.
 #include <cstdint>
 #include <cstdlib>
@@ -9,6 +9,7 @@
 
 #include "client/address_list.h"
 #include "client/full_box.h"
+#include "client/window_routines.h"
 #include "fuzz_pieces.h"
 #include "text/text.h"
 
@@ -35,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string report = pieces[0];
   Addresses list;
   list.items.assign(pieces.begin() + 1, pieces.end());
-  const std::string folded = qc::LowerCase(report);
+  const std::string folded = qc::LowerCodePage(report);  // the report is code-page text
 
   std::vector<std::string> kept, gone;
   for (const auto& item : list.items) {

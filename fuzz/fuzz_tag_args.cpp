@@ -2,6 +2,7 @@
 // files: the input's pieces (cut at 0x00 bytes) are standard input, then the arguments. Pieces
 // that could reach outside the folder ("/" or "..") are not tried. Every run ends with status 0
 // or 1; a failure it reports is never a crash.
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdint>

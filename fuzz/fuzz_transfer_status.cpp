@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "run/chat.h"
+#include "client/chat_room.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "client/vocabulary.h"
