@@ -154,7 +154,7 @@ TEST_F(Codec, WriteClearsReadOnlyForGood) {
 
 // A kill at any point of a tag write leaves the old tag or the new one over the whole audio.
 TEST_F(Codec, AKilledTagWriteLeavesTheOldOrTheNewFile) {
-  std::string audio(4 << 20, '\0');
+  std::string audio(1 << 20, '\0');
   for (std::size_t i = 0; i < audio.size(); ++i) audio[i] = static_cast<char>(i * 7 % 251);
   const std::string oldBytes = audio + TagBytes("Old Title", "Old Artist");
   const std::string newBytes = audio + TagBytes("New Title", "New Artist", "", "", "", 13);
