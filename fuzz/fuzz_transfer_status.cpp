@@ -35,15 +35,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const qc::Hwnd modal = desktop.NewWindow(0, qc::aol::kModalClass, title);
   desktop.NewWindow(modal, qc::aol::kStaticClass, fileLine);
   desktop.NewWindow(modal, qc::aol::kStaticClass, amountLine);
-  qc::SetWindowSystem(&desktop);
   try {
-    const qc::TransferStatus s = qc::ReadTransferStatus();
+    const qc::TransferStatus s = qc::ReadTransferStatus(desktop);
     if (!NumberOrMark(s.percent) || !NumberOrMark(s.amount)) std::abort();
     if (s.file.size() > fileLine.size()) std::abort();
     (void)qc::ScrollLine(s, size % 2 == 0);
   } catch (const qc::RuntimeFailure&) {
     // A file or amount text without a blank: the modelled failure of the string cut.
   }
-  qc::SetWindowSystem(nullptr);
   return 0;
 }

@@ -185,14 +185,14 @@ FrmIDedit* LoadTagEditor() {
 QString BoxText(const std::string& field) { return ToQ(field.substr(0, field.find('\0'))); }
 }  // namespace
 
-void FillTagEditor(FrmMain& f) {
+void FillTagEditor(FrmMain& f, Prompts& prompts) {
   FrmIDedit* ed = LoadTagEditor();
   DoEvents();
   ed->lblPath->setText(f.lblPath->text());
   DoEvents();
   const std::string path = f.lblPath->Caption();
   if (!FileExists(path)) {
-    CurrentPrompts().MsgBox("cannot find mp3 file!", kCritical | kSystemModal, "error:");
+    prompts.MsgBox("cannot find mp3 file!", kCritical | kSystemModal, "error:");
     return;
   }
   const Id3Tag tag = ReadId3Tag(path);
@@ -210,7 +210,8 @@ void FillTagEditor(FrmMain& f) {
   DoEvents();
 }
 
-void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures) {
+void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures,
+                   Prompts& prompts) {
   auto step = [ignoreFailures](auto&& statement) {
     if (ignoreFailures) {
       SkipOnFailure(statement);
@@ -230,7 +231,7 @@ void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFail
     LoadTagEditor()->open();
     DoEvents();
   });
-  step([&] { FillTagEditor(f); });
+  step([&] { FillTagEditor(f, prompts); });
 }
 
 }  // namespace qc

@@ -13,6 +13,7 @@ namespace qc {
 
 class FrmMain;
 class ListBox;
+class Prompts;
 
 // The genre names in the box's order: without regard to case, hyphens not counted, blanks and
 // other punctuation before letters and digits.
@@ -71,11 +72,12 @@ FrmIDedit* TagEditor();
 
 // Fills the boxes from the file named by frmMain's lblPath; stops with a failure at the genre box
 // when the tag's genre is no name of the list (an untagged file included).
-void FillTagEditor(FrmMain& f);
+void FillTagEditor(FrmMain& f, Prompts& prompts);
 
 // Opens the editor on the path at the cursor of `display` taken from `paths`. With
 // ignoreFailures every step that fails is skipped and the next one runs (lbl_Id); otherwise a
 // failure goes on to the caller.
-void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures);
+void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures,
+                   Prompts& prompts);
 
 }  // namespace qc

@@ -7,6 +7,7 @@
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "mail/mail_editors.h"
 
 namespace qc {
@@ -192,7 +193,7 @@ FrmSubject* OpenSubjectEditor(FrmMenu* menu) { return OpenSecondary(SubjectSlot(
 FrmBody* OpenBodyEditor(FrmMenu* menu) { return OpenSecondary(BodySlot(), menu); }
 FrmHead* OpenHeadEditor() { return OpenSecondary(HeadSlot()); }
 
-void ConnectMailEditors(FrmMenu& frmMenu) {
+void ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
   FrmMenu* menu = &frmMenu;
   QObject::connect(frmMenu.editmailform, &QAction::triggered, menu,
                    [menu] { OpenMailListEditor(menu); });
@@ -206,7 +207,6 @@ void ConnectMailEditors(FrmMenu& frmMenu) {
       {frmMenu.copyList, &FrmEmailto::CopyList},
       {frmMenu.copySelected, &FrmEmailto::CopySelected},
       {frmMenu.listSelectall, &FrmEmailto::SelectAll},
-      {frmMenu.chkRmvAll, &FrmEmailto::CheckAndRemoveFullBoxes},
       {frmMenu.rmvSelected, &FrmEmailto::RemoveSelected},
       {frmMenu.rmvAll, &FrmEmailto::RemoveAll},
   };
@@ -216,6 +216,9 @@ void ConnectMailEditors(FrmMenu& frmMenu) {
       if (FrmEmailto* w = MailListSlot()) (w->*c)();
     });
   }
+  QObject::connect(frmMenu.chkRmvAll, &QAction::triggered, menu, [&services] {
+    if (FrmEmailto* w = MailListSlot()) w->CheckAndRemoveFullBoxes(services);
+  });
 
   const std::pair<QAction*, TemplateKey> subjectKeys[] = {
       {frmMenu.insrtFile, TemplateKey::kFileName},   {frmMenu.insrtsize, TemplateKey::kFileSize},

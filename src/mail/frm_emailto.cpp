@@ -8,6 +8,7 @@
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "ui/list_addresses.h"
 #include "base/prompts.h"
 #include "base/pump.h"
@@ -246,18 +247,18 @@ void FrmEmailto::RemoveSelected() {
 
 void FrmEmailto::RemoveAll() { ActiveList().Clear(); }
 
-void FrmEmailto::CheckAndRemoveFullBoxes() {
+void FrmEmailto::CheckAndRemoveFullBoxes(const Services& services) {
   // The active list is taken anew at the removal: the user may switch lists during the wait.
   bool reachedRemoval = false;
   const std::string removed = FromCodePage(RemoveFullBoxes(
-      CurrentWindowSystem(), [this]() -> AddressList& { return ActiveAddresses(); },
+      services.windows, [this]() -> AddressList& { return ActiveAddresses(); },
       &reachedRemoval));
   // The check ended early, before any report, on generation 2 or without the client's frame.
   if (!reachedRemoval) return;
   if (removed.empty()) {
-    CurrentPrompts().MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
+    services.prompts.MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
   } else {
-    CurrentPrompts().MsgBox("email addresses that were full or invalid are:\r\r" + removed +
+    services.prompts.MsgBox("email addresses that were full or invalid are:\r\r" + removed +
                                 "\rthey have been removed!",
                             kSystemModal | kInformation, kAppName);
   }

@@ -20,6 +20,7 @@ class QMenu;
 namespace qc {
 
 class FrmMenu;
+struct Services;
 
 // The body frmBody offers when the file gives no text: tab-aligned, lines joined by CR LF, no
 // line end behind the last line.
@@ -78,7 +79,7 @@ class FrmEmailto : public SecondaryWindow {
   void RemoveSelected();
   void RemoveAll();
   // The full-box check against the client, with the user's message at the end.
-  void CheckAndRemoveFullBoxes();
+  void CheckAndRemoveFullBoxes(const Services& services);
 
   // Writes both list files (the save hook of cmdExit).
   void SaveLists();
@@ -146,6 +147,6 @@ FrmHead* OpenHeadEditor();
 
 // Binds editmailform, editSubject, editBody, headfootopt and the items of mnuEmailto,
 // subjoptions and bodyOpt (the tips are the shell's).
-void ConnectMailEditors(FrmMenu& frmMenu);
+void ConnectMailEditors(FrmMenu& frmMenu, const Services& services);
 
 }  // namespace qc

@@ -9,6 +9,7 @@
 #include "run/dates.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "base/prompts.h"
@@ -79,9 +80,9 @@ std::string SelectedMbTotal(const FrmMain& frmMain) {
   return TrimmedNumber(total);
 }
 
-void CopyRunLog(const FrmMain& frmMain) {
+void CopyRunLog(const FrmMain& frmMain, Prompts& prompts) {
   if (frmMain.lstPathSelect->ListCount() == 0) {
-    CurrentPrompts().MsgBox(
+    prompts.MsgBox(
         "cannot compile a log because you have not selected files to upload.",
         kCritical | kSystemModal, "error:");
     return;
@@ -90,15 +91,15 @@ void CopyRunLog(const FrmMain& frmMain) {
   QClipboard* clipboard = QGuiApplication::clipboard();
   clipboard->clear();
   clipboard->setText(QString::fromStdString(log));
-  CurrentPrompts().MsgBox(
+  prompts.MsgBox(
       "log has been copyed to your clipboard. it is recommened that you paste the log into an "
       "email form and send it to the person in your group that is in charge of stats!",
       kInformation | kSystemModal, "log");
 }
 
-void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu) {
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   QObject::connect(frmMenu.compileLog, &QAction::triggered, &frmMain,
-                   [&frmMain] { CopyRunLog(frmMain); });
+                   [&frmMain, &services] { CopyRunLog(frmMain, services.prompts); });
 }
 
 }  // namespace qc

@@ -8,6 +8,8 @@ namespace qc {
 
 class FrmMain;
 class FrmMenu;
+class Prompts;
+struct Services;
 
 enum class RunLogForm { kMail, kClipboard };
 
@@ -21,10 +23,10 @@ std::string SelectedMbTotal(const FrmMain& frmMain);
 
 // The compileLog menu item: the clipboard form onto the clipboard, then a message box. Refuses
 // with an error box when nothing is chosen.
-void CopyRunLog(const FrmMain& frmMain);
+void CopyRunLog(const FrmMain& frmMain, Prompts& prompts);
 
 // Connects the menu item compileLog to CopyRunLog.
-void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu);
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 // The name behind the last path separator.
 std::string ShortFileName(const std::string& path);

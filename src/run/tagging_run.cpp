@@ -9,7 +9,7 @@
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
 #include "ui/list_addresses.h"
-#include "run/run_drivers.h"
+#include "ui/services.h"
 #include "run/runlog.h"
 #include "base/numbers.h"
 #include "base/prompts.h"
@@ -34,11 +34,10 @@ void AppendListFile(ListBox& list, const std::string& path) {
 }
 
 // The start and end notices go out only on the generations whose notice driver exists.
-void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const std::string& recipients,
-                const char* word) {
+void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const RunDrivers& drivers,
+                const std::string& recipients, const char* word) {
   const std::string decorLeft = ReadSetting(Setting::kAscii1);
   const std::string decorRight = ReadSetting(Setting::kAscii2);
-  RunDrivers& drivers = CurrentRunDrivers();
   if (drivers.clientVersion() == 3) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
                                 SelectedMbTotal(frmMain) + "mb " + decorRight;
@@ -74,14 +73,14 @@ void StopRun(FrmMain& frmMain) {
   frmMain.picBut1->Tag = QStringLiteral("stop");
 }
 
-void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
+void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   if (frmMain.lstPathSelect->ListCount() == 0) {
-    CurrentPrompts().MsgBox("you have not selected files to upload.", kCritical | kSystemModal,
+    services.prompts.MsgBox("you have not selected files to upload.", kCritical | kSystemModal,
                             "error:");
     return;
   }
-  RunDrivers& drivers = CurrentRunDrivers();
-  WindowSystem& ws = CurrentWindowSystem();
+  const RunDrivers& drivers = services.drivers;
+  WindowSystem& ws = services.windows;
 
   frmMain.picBut1->Tag = QStringLiteral("tag");
   frmMain.picBut1->setEnabled(false);
@@ -119,7 +118,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
     }
   }
 
-  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, recipients, " start: ");
+  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, drivers, recipients, " start: ");
 
   const std::int16_t count = frmMain.lstPathSelect->ListCount();
   for (std::int16_t index = 0; index < count; ++index) {
@@ -201,7 +200,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   Pause(0.01);
 
   // The selection is still there: the end notice covers every chosen file, sent or skipped.
-  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, recipients, " end: ");
+  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, drivers, recipients, " end: ");
   Pause(0.1);
 
   if (frmMenu.check(Option::kSendLater)) {
@@ -226,11 +225,11 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   frmMain.picBut2->setEnabled(false);
 }
 
-void ConnectTaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
+void ConnectTaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   FrmMain* main = &frmMain;
   FrmMenu* menu = &frmMenu;
   QObject::connect(frmMain.picBut1, &Label::clicked, frmMain.picBut1,
-                   [main, menu] { TaggingRun(*main, *menu); });
+                   [main, menu, &services] { TaggingRun(*main, *menu, services); });
   QObject::connect(frmMain.picBut2, &Label::clicked, frmMain.picBut2,
                    [main] { StopRun(*main); });
 }

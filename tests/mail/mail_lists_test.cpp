@@ -194,7 +194,7 @@ TEST_F(MailListTest, FullBoxCommandRemovesTheReportedAddressesFromTheActiveListO
   WriteBytes(upload, "ann\r\nbob\r\ncy\r\ndee\r\n");
   WriteBytes(member, "bob\r\n");
   FrmMenu menu;
-  ConnectMailEditors(menu);
+  ConnectMailEditors(menu, services);
   menu.editmailform->trigger();
   FrmEmailto* w = MailListEditor();
   ASSERT_NE(w, nullptr);
@@ -226,7 +226,7 @@ TEST_F(MailListTest, FullBoxCommandOnAListSwitchedDuringTheWait) {
   });
   {
     PumpBudget budget(40000);
-    w.CheckAndRemoveFullBoxes();
+    w.CheckAndRemoveFullBoxes(services);
   }
   RemovePumpHook(hook);
   ASSERT_GT(passes, 50);
@@ -250,7 +250,7 @@ TEST_F(MailListTest, FullBoxCommandWithNothingFullOrOnGenerationTwo) {
     });
     {
       PumpBudget budget(40000);
-      w.CheckAndRemoveFullBoxes();
+      w.CheckAndRemoveFullBoxes(services);
     }
     RemovePumpHook(quit);
     EXPECT_EQ(w.lstMember->Items(), (Items{"ann"}));

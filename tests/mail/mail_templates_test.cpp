@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "mail/mail_editors.h"
-#include "run/run_drivers.h"
+#include "client/run_drivers.h"
 #include "run/run_rig.h"
 #include "run/tagging_run.h"
 #include "ui/frmmenu.h"
@@ -75,7 +75,7 @@ TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
 
 TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
   FrmMenu menu;
-  ConnectMailEditors(menu);
+  ConnectMailEditors(menu, services);
   menu.editSubject->trigger();
   FrmSubject* subject = SubjectEditor();
   ASSERT_NE(subject, nullptr);
@@ -121,7 +121,7 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
 
 TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
   FrmMenu menu;
-  ConnectMailEditors(menu);
+  ConnectMailEditors(menu, services);
   menu.editmailform->trigger();
   FrmEmailto* lists = MailListEditor();
   ASSERT_NE(lists, nullptr);
@@ -190,7 +190,7 @@ class EditorsAndRun : public RunRig {
     std::string subject, body;
   };
   EditorsAndRun() {
-    RunDrivers d;
+    RunDrivers& d = services.drivers;  // entries left alone stay the real ones
     d.clientScreenName = [] { return std::string("Brindle Rose"); };
     d.clientVersion = [] { return static_cast<std::int16_t>(5); };
     d.checkFullBoxes = [](AddressList&) {};
@@ -201,17 +201,13 @@ class EditorsAndRun : public RunRig {
     };
     d.sendNoticeMail50 = [this](const std::string&, const std::string& subject,
                                 const std::string& body) { notices.push_back({subject, body}); };
-    drivers_ = std::make_unique<ScopedRunDrivers>(std::move(d));
   }
   void Run() {
     PumpBudget budget(1000000);
-    TaggingRun(frm, menu);
+    TaggingRun(frm, menu, services);
   }
   std::vector<Mail> files, notices;
   std::function<void()> onFile;
-
- private:
-  std::unique_ptr<ScopedRunDrivers> drivers_;
 };
 
 TEST_F(EditorsAndRun, EmptiedBodyGivesTheFallbackAndASaveDuringTheRunReachesTheNextMail) {

@@ -27,7 +27,7 @@ class RunRig : public SandboxTest {
     for (const char* item : kOptionItems) menu.setCheck(item, false);
     menu.lblHandle->SetCaption("brindle");
     menu.lblRename->SetCaption("renamed comment");
-    ConnectStats(frm, menu);
+    ConnectStats(frm, menu, services);
   }
 
   std::string Choose(const std::string& name, std::int64_t bytes, const std::string& subject,

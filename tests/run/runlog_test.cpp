@@ -68,12 +68,12 @@ TEST_F(RunLog, VanishedFileEndsTheWalkWithFileNotFound) {
 
 TEST_F(RunLog, CopyPutsTheClipboardFormOnTheClipboardOrRefuses) {
   QGuiApplication::clipboard()->setText(QStringLiteral("before"));
-  CopyRunLog(frm);
+  CopyRunLog(frm, prompts);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
   ExpectBox(prompts, 0, "cannot compile a log because you have not selected files to upload.",
             4112, "error:");
   Choose("first.mp3", 1500000, "abc");
-  ConnectRunLog(frm, menu);
+  ConnectRunLog(frm, menu, services);
   menu.compileLog->trigger();
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
             BuildRunLog(frm, RunLogForm::kClipboard));
