@@ -34,20 +34,21 @@ void AppendListFile(ListBox& list, const std::string& path) {
 }
 
 // The start and end notices go out only on the generations whose notice driver exists.
-void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const RunDrivers& drivers,
+void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const Services& services,
                 const std::string& recipients, const char* word) {
+  const RunDrivers& drivers = services.drivers;
   const std::string decorLeft = ReadSetting(Setting::kAscii1);
   const std::string decorRight = ReadSetting(Setting::kAscii2);
   if (drivers.clientVersion() == 3) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
                                 SelectedMbTotal(frmMain) + "mb " + decorRight;
-    const std::string body = CompileRunLog(frmMain);
+    const std::string body = CompileRunLog(frmMain, services.today());
     drivers.sendNoticeMail95(recipients, subject, body);
   }
   if (drivers.clientVersion() == 5) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
                                 SelectedMbTotal(frmMain) + "mb " + decorRight;
-    const std::string body = CompileRunLog(frmMain);
+    const std::string body = CompileRunLog(frmMain, services.today());
     drivers.sendNoticeMail50(recipients, subject, body);
   }
 }
@@ -118,7 +119,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
     }
   }
 
-  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, drivers, recipients, " start: ");
+  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, services, recipients, " start: ");
 
   const std::int16_t count = frmMain.lstPathSelect->ListCount();
   for (std::int16_t index = 0; index < count; ++index) {
@@ -156,7 +157,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
         case TemplateKey::kIdAlbum: return tag.album;
         case TemplateKey::kIdYear: return tag.year;
         case TemplateKey::kIdGenre: return tag.genre;
-        case TemplateKey::kSysDate: return TodayLong();
+        case TemplateKey::kSysDate: return LongDateText(services.today());
         case TemplateKey::kMyHandle: return frmMenu.lblHandle->Caption();
         case TemplateKey::kFileSize: return TrimmedNumber(roundedMb) + "mb";
         case TemplateKey::kFileName: return shortName;
@@ -200,7 +201,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   Pause(0.01);
 
   // The selection is still there: the end notice covers every chosen file, sent or skipped.
-  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, drivers, recipients, " end: ");
+  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, services, recipients, " end: ");
   Pause(0.1);
 
   if (frmMenu.check(Option::kSendLater)) {

@@ -14,6 +14,7 @@ Services PlatformServices(WindowSystem& windows, Prompts& prompts) {
       .windows = windows,
       .prompts = prompts,
       .drivers = RealRunDrivers(windows),
+      .today = MachineToday,
       .openWebPage =
           [](const std::string& address) {
             QDesktopServices::openUrl(QUrl(ToQ(address)));  // the result is of no interest

@@ -140,7 +140,7 @@ TEST_F(StartupTest, WarningComesBeforeTheSplashShows) {
   StartClient(4);
   SplashWatcher watcher;
   FrmMenu2 menu2;
-  const Services asked{desktop, watcher, services.drivers, {}, {}};
+  const Services asked{.windows = desktop, .prompts = watcher};
   auto* start = new FrmStart({&frmMain, &frmMenu, &menu2}, asked);
   watcher.splash = start;
   start->Open();

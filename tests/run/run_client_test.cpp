@@ -113,7 +113,7 @@ TEST_F(ClientRun, EachGenerationWithAndWithoutSendLater) {
     const std::string two = c.files == 2 ? Choose("two.mp3", 500000, "two") : "";
     Check({"autohead", "autofoot"}, c.notices);
     menu.setCheck("sendlater", c.sendLater);
-    const std::string log = CompileRunLog(frm);
+    const std::string log = CompileRunLog(frm, services.today());
     Run();
     EXPECT_EQ(mail->Outgoing(), c.outgoing(one, two, log));
     Mails open;

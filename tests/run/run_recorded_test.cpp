@@ -227,7 +227,7 @@ TEST_F(RecordedRun, NoticesAndOutgoingMailPerGeneration) {
     Choose("one.mp3", 1500000, "One");
     Choose("two.mp3", 500000, "Two");
     Check({"autohead", "autofoot", "sendlater"});
-    const std::string log = CompileRunLog(frm);
+    const std::string log = CompileRunLog(frm, services.today());
     Run();
     ASSERT_EQ(Kinds(), c.kinds);
     EXPECT_EQ(frm.Label1->text().toStdString(), "2 ups : 2 mb");
@@ -264,7 +264,7 @@ TEST_F(RecordedRun, StopSkipsTheRestButTheEndNoticeCoversAll) {
     onFile = [&](int n) {
       if (n == c.stopAt) StopRun(frm);
     };
-    const std::string log = CompileRunLog(frm);
+    const std::string log = CompileRunLog(frm, services.today());
     Run();
     ASSERT_EQ(Kinds(), c.kinds);
     EXPECT_NE(calls[c.stopAt].subject.find(" end: brindle 3mb "), std::string::npos);

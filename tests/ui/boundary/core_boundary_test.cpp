@@ -24,7 +24,9 @@ class Boundary : public ::testing::Test {
   test::ScriptedPrompts prompts;
   std::vector<int> ends;
   sim::SimDesktop desktop;
-  Services services{desktop, prompts, {}, {}, [this](int status) { ends.push_back(status); }};
+  Services services{.windows = desktop,
+                    .prompts = prompts,
+                    .endProgram = [this](int status) { ends.push_back(status); }};
 };
 
 TEST(RuntimeErrorText, NumberThenABlankLineThenTheText) {
