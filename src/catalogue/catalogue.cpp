@@ -24,6 +24,7 @@ void SetForeColor(QWidget* w, unsigned bgr) {
 
 void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& services) {
   FrmMain* f = &frmMain;
+  const Services* s = &services;
   Prompts* p = &services.prompts;
   f->lstMp3->SetMultiSelect(ListBox::kExtended);
   f->lstUp->SetMultiSelect(ListBox::kExtended);
@@ -45,9 +46,9 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& serv
                    [f, p] { ChooseFolder(*f, *p); });
   QObject::connect(f->lbl_Clr, &Label::clicked, f->lbl_Clr, [f, p] { ClearFolderList(*f, *p); });
   QObject::connect(f->lbl_Id, &Label::clicked, f->lbl_Id,
-                   [f, p] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, true, *p); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, true, *s); });
   QObject::connect(f->lblIdview, &Label::clicked, f->lblIdview,
-                   [f, p] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false, *p); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false, *s); });
 
   // The small labels show that they are held down.
   for (Label* l : {f->lblSetfolder, f->lbl_Add, f->lbl_Clr, f->lbl_refresh, f->lbl_Id,
@@ -64,11 +65,11 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& serv
   FrmMenu2* m = &frmMenu2;
   QObject::connect(m->addmp3, &QAction::triggered, m, [f] { AddCurrentMp3(*f); });
   QObject::connect(m->viewidtag, &QAction::triggered, m,
-                   [f, p] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, false, *p); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, false, *s); });
   QObject::connect(m->refreshlist, &QAction::triggered, m, [f] { RefreshFolderList(*f); });
   QObject::connect(m->rmvmp33, &QAction::triggered, m, [f] { RemoveCurrentMp3(*f); });
   QObject::connect(m->editviewidtagg, &QAction::triggered, m,
-                   [f, p] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false, *p); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false, *s); });
 }
 
 }  // namespace qc

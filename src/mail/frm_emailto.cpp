@@ -98,9 +98,10 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
-FrmEmailto::FrmEmailto(FrmMenu* menu, QWidget* parent)
+FrmEmailto::FrmEmailto(const Services& services, FrmMenu* menu, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmEmailto"), QStringLiteral("mail lists"), 2430, 2505,
-                      parent),
+                      services.deskArea, parent),
+      services_(services),
       menu_(menu) {
   Panel3D* face = pnlFrame();
   UseSmallFont(this);
@@ -247,18 +248,18 @@ void FrmEmailto::RemoveSelected() {
 
 void FrmEmailto::RemoveAll() { ActiveList().Clear(); }
 
-void FrmEmailto::CheckAndRemoveFullBoxes(const Services& services) {
+void FrmEmailto::CheckAndRemoveFullBoxes() {
   // The active list is taken anew at the removal: the user may switch lists during the wait.
   bool reachedRemoval = false;
   const std::string removed = FromCodePage(RemoveFullBoxes(
-      services.windows, [this]() -> AddressList& { return ActiveAddresses(); },
+      services_.windows, [this]() -> AddressList& { return ActiveAddresses(); },
       &reachedRemoval));
   // The check ended early, before any report, on generation 2 or without the client's frame.
   if (!reachedRemoval) return;
   if (removed.empty()) {
-    services.prompts.MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
+    services_.prompts.MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
   } else {
-    services.prompts.MsgBox("email addresses that were full or invalid are:\r\r" + removed +
+    services_.prompts.MsgBox("email addresses that were full or invalid are:\r\r" + removed +
                                 "\rthey have been removed!",
                             kSystemModal | kInformation, kAppName);
   }

@@ -132,7 +132,7 @@ void FrmStart::LoadTick() {
   SlideVersionLabel(*lblVersion);
   Pause(0.2);
   // Touching frmMain's counters loads it: size, outline, centre, on top.
-  LoadMainSkin(*w_.frmMain);
+  LoadMainSkin(*w_.frmMain, services_.deskArea);
   RestoreUserSettings(*w_.frmMain, *w_.frmMenu, services_);
   GreetChatRoom(*w_.frmMain, services_);
   w_.frmMain->show();

@@ -15,6 +15,7 @@ Services PlatformServices(WindowSystem& windows, Prompts& prompts) {
       .prompts = prompts,
       .drivers = RealRunDrivers(windows),
       .today = MachineToday,
+      .deskArea = PrimaryScreenDesk,
       .openWebPage =
           [](const std::string& address) {
             QDesktopServices::openUrl(QUrl(ToQ(address)));  // the result is of no interest

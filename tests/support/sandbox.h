@@ -50,13 +50,14 @@ class Sandbox {
   ScriptedPrompts prompts;
   std::vector<int> ends;  // statuses the program would have ended with
   sim::SimDesktop desktop;
-  // The real run drivers on the desktop, today a Friday; the web page opener records its
-  // addresses.
+  // The real run drivers on the desktop, today a Friday, the test screen's desk; the web page
+  // opener records its addresses.
   std::vector<std::string> opened;
   Services services{.windows = desktop,
                     .prompts = prompts,
                     .drivers = RealRunDrivers(desktop),
                     .today = [] { return CivilDate{1999, 1, 1}; },
+                    .deskArea = PrimaryScreenDesk,
                     .openWebPage = [this](const std::string& a) { opened.push_back(a); },
                     .endProgram = [this](int status) { ends.push_back(status); }};
   std::unique_ptr<sim::SimClient> client;
