@@ -96,19 +96,17 @@ Seconds Measure(F&& work) {
 
 struct Window {
   Window() {
-    qc::SetPrompts(&prompts);
     form = std::make_unique<qc::FrmMain>();
     form->show();
     for (int i = 0; i < 20; ++i) QCoreApplication::processEvents();
   }
-  ~Window() { qc::SetPrompts(nullptr); }
   Seconds ChooseSeconds(const std::string& folder) {
     form->lstMp3->Clear();
     form->lstPaths->Clear();
     prompts.folder = folder;
     // Until the list shows its last entries.
     return Measure([&] {
-      qc::ChooseFolder(*form);
+      qc::ChooseFolder(*form, prompts);
       form->lstMp3->Flush();
       QCoreApplication::processEvents();
     });

@@ -15,6 +15,7 @@
 #include <string>
 
 #include "ui/qt_glue.h"
+#include "ui/services.h"
 #include "ui/settings_store.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
@@ -68,8 +69,6 @@ class Bench {
     fs::create_directories(dir_ / "app");
     setenv("QUILLCAST_HOME", (dir_ / "app").c_str(), 1);
     qc::SetSettingsFolder((dir_ / "settings").string());
-    qc::SetPrompts(&prompts_);
-    qc::SetWindowSystem(&desktop_);
     for (int i = 0; i < kFiles; ++i) {
       const std::string path = (dir_ / ("song" + std::to_string(i) + ".mp3")).string();
       std::ofstream(path, std::ios::binary) << std::string(200000, '\x55');
@@ -78,8 +77,6 @@ class Bench {
     }
   }
   ~Bench() {
-    qc::SetWindowSystem(nullptr);
-    qc::SetPrompts(nullptr);
     qc::SetSettingsFolder("");
     std::error_code ec;
     fs::remove_all(dir_, ec);
@@ -91,7 +88,7 @@ class Bench {
     qc::FrmMenu menu;
     for (const char* item : qc::kOptionItems) menu.setCheck(item, false);
     menu.setCheck("sendlater", true);
-    qc::ConnectStats(frm, menu);
+    qc::ConnectStats(frm, menu, services_);
     qc::sim::SimClient client(desktop_, qc::sim::ClientOptions{.reactionDelay = 0});
     auto mail = std::make_unique<qc::sim::SimMail>(client);
     for (int i = 0; i < 20; ++i) qc::DoEvents();
@@ -100,7 +97,7 @@ class Bench {
       frm.lstPathSelect->AddItem(paths_[i]);
       frm.lstSubj->AddItem("subject " + std::to_string(i));
     }
-    qc::TaggingRun(frm, menu);
+    qc::TaggingRun(frm, menu, services_);
     queued_ = mail->Outgoing().size();
   }
   std::size_t queued() const { return queued_; }
@@ -109,6 +106,7 @@ class Bench {
   fs::path dir_;
   SilentPrompts prompts_;
   qc::sim::SimDesktop desktop_;
+  const qc::Services services_ = qc::PlatformServices(desktop_, prompts_);
   std::vector<std::string> paths_;
   std::size_t queued_ = 0;
 };

@@ -35,9 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const qc::Hwnd modal = desktop.NewWindow(0, qc::aol::kModalClass, title);
   desktop.NewWindow(modal, qc::aol::kStaticClass, fileLine);
   desktop.NewWindow(modal, qc::aol::kStaticClass, amountLine);
-  qc::SetWindowSystem(&desktop);
   try {
-    const qc::TransferStatus s = qc::ReadTransferStatus();
+    const qc::TransferStatus s = qc::ReadTransferStatus(desktop);
     if (!NumberOrMark(s.percent) || !NumberOrMark(s.amount)) std::abort();
     // The file comes back as the program's text: in the code page it is a tail of the line, or
     // the mark "none" when there is no transfer.
@@ -46,6 +45,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } catch (const qc::RuntimeFailure&) {
     // A file or amount text without a blank: the modelled failure of the string cut.
   }
-  qc::SetWindowSystem(nullptr);
   return 0;
 }

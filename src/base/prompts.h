@@ -1,6 +1,6 @@
 #pragma once
-// The one seam for modal questions: message boxes, input boxes and the folder chooser.
-// The program installs a Qt implementation; tests install one whose answers they set in advance.
+// Modal questions: message boxes, input boxes and the folder chooser. The program asks through
+// a Qt implementation; tests through one whose answers they set in advance.
 #include <optional>
 #include <string>
 
@@ -30,9 +30,5 @@ class Prompts {
   // A folder chooser for folders only; the empty text when cancelled.
   virtual std::string BrowseForFolder(const std::string& title) = 0;
 };
-
-// The prompts in force. Must be installed before the first question.
-Prompts& CurrentPrompts();
-void SetPrompts(Prompts* prompts);
 
 }  // namespace qc

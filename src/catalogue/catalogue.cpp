@@ -5,6 +5,7 @@
 
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "catalogue/folder_list.h"
 #include "catalogue/frm_idedit.h"
 #include "catalogue/info_mode.h"
@@ -21,15 +22,15 @@ void SetForeColor(QWidget* w, unsigned bgr) {
 
 }  // namespace
 
-void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2) {
+void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& services) {
   FrmMain* f = &frmMain;
+  const Services* s = &services;
+  Prompts* p = &services.prompts;
   f->lstMp3->SetMultiSelect(ListBox::kExtended);
   f->lstUp->SetMultiSelect(ListBox::kExtended);
 
   const std::pair<Label*, void (*)(FrmMain&)> clicks[] = {
-      {f->lblSetfolder, ChooseFolder},
       {f->lbl_Add, AddSelectedMp3s},
-      {f->lbl_Clr, ClearFolderList},
       {f->lbl_refresh, RefreshFolderList},
       {f->lblRemove, RemoveSelectedMp3s},
       {f->lblMp3list, ShowListView},
@@ -41,10 +42,13 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2) {
   };
   for (const auto& [control, handler] : clicks)
     QObject::connect(control, &Label::clicked, control, [f, h = handler] { h(*f); });
+  QObject::connect(f->lblSetfolder, &Label::clicked, f->lblSetfolder,
+                   [f, p] { ChooseFolder(*f, *p); });
+  QObject::connect(f->lbl_Clr, &Label::clicked, f->lbl_Clr, [f, p] { ClearFolderList(*f, *p); });
   QObject::connect(f->lbl_Id, &Label::clicked, f->lbl_Id,
-                   [f] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, true); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, true, *s); });
   QObject::connect(f->lblIdview, &Label::clicked, f->lblIdview,
-                   [f] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false, *s); });
 
   // The small labels show that they are held down.
   for (Label* l : {f->lblSetfolder, f->lbl_Add, f->lbl_Clr, f->lbl_refresh, f->lbl_Id,
@@ -61,11 +65,11 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2) {
   FrmMenu2* m = &frmMenu2;
   QObject::connect(m->addmp3, &QAction::triggered, m, [f] { AddCurrentMp3(*f); });
   QObject::connect(m->viewidtag, &QAction::triggered, m,
-                   [f] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, false); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, false, *s); });
   QObject::connect(m->refreshlist, &QAction::triggered, m, [f] { RefreshFolderList(*f); });
   QObject::connect(m->rmvmp33, &QAction::triggered, m, [f] { RemoveCurrentMp3(*f); });
   QObject::connect(m->editviewidtagg, &QAction::triggered, m,
-                   [f] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false); });
+                   [f, s] { OpenTagEditor(*f, *f->lstPathSelect, *f->lstUp, false, *s); });
 }
 
 }  // namespace qc

@@ -145,8 +145,8 @@ std::string ExpandSubject(std::string subjectTemplate, const std::string& name,
   });
 }
 
-void ChooseFolder(FrmMain& f) {
-  const std::string folder = CurrentPrompts().BrowseForFolder("Select Mp3 Folder:");
+void ChooseFolder(FrmMain& f, Prompts& prompts) {
+  const std::string folder = prompts.BrowseForFolder("Select Mp3 Folder:");
   if (folder.empty()) return;
   // File1's entries, read from the scan that filled it rather than back out of the control.
   const std::vector<std::string> entries = PointFile1At(*f.File1, folder);
@@ -173,9 +173,9 @@ void AddSelectedMp3s(FrmMain& f) {
 
 void AddCurrentMp3(FrmMain& f) { AddOneMp3(f, f.lstMp3->ListIndex()); }
 
-void ClearFolderList(FrmMain& f) {
-  const int answer = CurrentPrompts().MsgBox("Are you sure you want to clear this list?",
-                                             kYesNo | kSystemModal, "Clear");
+void ClearFolderList(FrmMain& f, Prompts& prompts) {
+  const int answer = prompts.MsgBox("Are you sure you want to clear this list?",
+                                    kYesNo | kSystemModal, "Clear");
   if (answer != kAnswerYes) return;
   f.lstPaths->Clear();
   f.lstMp3->Clear();

@@ -10,6 +10,7 @@
 #include "ui/qt_glue.h"
 #include "ui/window_routines.h"
 #include "ui/frmmain.h"
+#include "ui/services.h"
 #include "base/failure.h"
 #include "base/prompts.h"
 #include "base/pump.h"
@@ -91,9 +92,10 @@ void YearTextBox::keyPressEvent(QKeyEvent* e) {
   TagTextBox::keyPressEvent(e);
 }
 
-FrmIDedit::FrmIDedit(QWidget* parent)
+FrmIDedit::FrmIDedit(const Services& services, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmIDedit"),
-                      QStringLiteral("MPEG file info box + ID3 tag editor"), 5100, 3330, parent) {
+                      QStringLiteral("MPEG file info box + ID3 tag editor"), 5100, 3330,
+                      services.deskArea, parent) {
   QWidget* face = pnlFrame();
   const double boxLeft = 1080, boxWidth = 3840;
   txtTitle = new TagTextBox(QStringLiteral("txtTitle"), 30, face);
@@ -173,9 +175,9 @@ FrmIDedit* TagEditor() { return gEditor.data(); }
 
 namespace {
 // Loads the window when needed: pump, then centred and on top, shown without blocking.
-FrmIDedit* LoadTagEditor() {
+FrmIDedit* LoadTagEditor(const Services& services) {
   if (!gEditor) {
-    gEditor = new FrmIDedit;
+    gEditor = new FrmIDedit(services);
     DoEvents();
   }
   return gEditor.data();
@@ -185,14 +187,14 @@ FrmIDedit* LoadTagEditor() {
 QString BoxText(const std::string& field) { return ToQ(field.substr(0, field.find('\0'))); }
 }  // namespace
 
-void FillTagEditor(FrmMain& f) {
-  FrmIDedit* ed = LoadTagEditor();
+void FillTagEditor(FrmMain& f, const Services& services) {
+  FrmIDedit* ed = LoadTagEditor(services);
   DoEvents();
   ed->lblPath->setText(f.lblPath->text());
   DoEvents();
   const std::string path = f.lblPath->Caption();
   if (!FileExists(path)) {
-    CurrentPrompts().MsgBox("cannot find mp3 file!", kCritical | kSystemModal, "error:");
+    services.prompts.MsgBox("cannot find mp3 file!", kCritical | kSystemModal, "error:");
     return;
   }
   const Id3Tag tag = ReadId3Tag(path);
@@ -210,7 +212,8 @@ void FillTagEditor(FrmMain& f) {
   DoEvents();
 }
 
-void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures) {
+void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures,
+                   const Services& services) {
   auto step = [ignoreFailures](auto&& statement) {
     if (ignoreFailures) {
       SkipOnFailure(statement);
@@ -222,15 +225,15 @@ void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFail
   step([&] { path = paths.List(display.ListIndex()); });
   step([&] { path = CleanDoubledSeparators(path); });
   step([&] {
-    LoadTagEditor()->lblPath->setText(ToQ(path));
+    LoadTagEditor(services)->lblPath->setText(ToQ(path));
     f.lblPath->SetCaption(path);
     DoEvents();
   });
   step([&] {
-    LoadTagEditor()->open();
+    LoadTagEditor(services)->open();
     DoEvents();
   });
-  step([&] { FillTagEditor(f); });
+  step([&] { FillTagEditor(f, services); });
 }
 
 }  // namespace qc

@@ -13,6 +13,7 @@ namespace qc {
 
 class FrmMain;
 class ListBox;
+struct Services;
 
 // The genre names in the box's order: without regard to case, hyphens not counted, blanks and
 // other punctuation before letters and digits.
@@ -42,7 +43,7 @@ class YearTextBox : public TagTextBox {
 class FrmIDedit : public SecondaryWindow {
   Q_OBJECT
  public:
-  explicit FrmIDedit(QWidget* parent = nullptr);
+  explicit FrmIDedit(const Services& services, QWidget* parent = nullptr);
 
   TagTextBox* txtTitle;
   TagTextBox* txtArtist;
@@ -71,11 +72,12 @@ FrmIDedit* TagEditor();
 
 // Fills the boxes from the file named by frmMain's lblPath; stops with a failure at the genre box
 // when the tag's genre is no name of the list (an untagged file included).
-void FillTagEditor(FrmMain& f);
+void FillTagEditor(FrmMain& f, const Services& services);
 
 // Opens the editor on the path at the cursor of `display` taken from `paths`. With
 // ignoreFailures every step that fails is skipped and the next one runs (lbl_Id); otherwise a
 // failure goes on to the caller.
-void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures);
+void OpenTagEditor(FrmMain& f, ListBox& paths, ListBox& display, bool ignoreFailures,
+                   const Services& services);
 
 }  // namespace qc

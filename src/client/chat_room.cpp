@@ -61,10 +61,10 @@ bool IsNumeric(const std::string& text) {
   return digits;
 }
 
-void SendLine(std::string line) {
+void SendLine(WindowSystem& ws, std::string line) {
   bool tail = true;
   bool cut = false;
-  ChatSend(line, tail, cut);
+  ChatSend(ws, line, tail, cut);
 }
 
 }  // namespace
@@ -88,8 +88,7 @@ std::string ScrollLine(const TransferStatus& s, bool byMenu) {
          s.amount;
 }
 
-Hwnd FindChatRoom() {
-  WindowSystem& ws = CurrentWindowSystem();
+Hwnd FindChatRoom(WindowSystem& ws) {
   const Hwnd frame = ws.FindWindowA(std::string(aol::kFrameClass), std::nullopt);
   const Hwnd mdi = ws.FindWindowExA(frame, 0, std::string(aol::kMdiClientClass), std::nullopt);
   Hwnd child = ws.FindWindowExA(mdi, 0, std::string(aol::kChildClass), std::nullopt);
@@ -105,9 +104,8 @@ Hwnd FindChatRoom() {
   return 0;
 }
 
-void ChatSend(std::string& text, bool& withTail, bool& withCut) {
-  WindowSystem& ws = CurrentWindowSystem();
-  const Hwnd room = FindChatRoom();
+void ChatSend(WindowSystem& ws, std::string& text, bool& withTail, bool& withCut) {
+  const Hwnd room = FindChatRoom(ws);
   Hwnd rich1 = 0;
   Hwnd rich2 = 0;
   Hwnd edit = 0;
@@ -145,8 +143,7 @@ void ChatSend(std::string& text, bool& withTail, bool& withCut) {
   if (!saved.empty()) ws.SendMessageA(box, aol::kWmSetText, 0, LParam::Text(saved));
 }
 
-TransferStatus ReadTransferStatus() {
-  WindowSystem& ws = CurrentWindowSystem();
+TransferStatus ReadTransferStatus(WindowSystem& ws) {
   const TransferStatus none{kNone, kNone, kNone};
   const Hwnd modal = ws.FindWindowA(std::string(aol::kModalClass), std::nullopt);
   if (modal == 0) return none;
@@ -173,17 +170,17 @@ TransferStatus ReadTransferStatus() {
   return {FromCodePage(s.percent), FromCodePage(s.amount), FromCodePage(s.file)};
 }
 
-void SendChatBlock(const std::function<std::string()>& line2) {
-  SendLine(ChatLine1());
-  SendLine(line2());
-  SendLine(ChatLine3());
+void SendChatBlock(WindowSystem& ws, const std::function<std::string()>& line2) {
+  SendLine(ws, ChatLine1());
+  SendLine(ws, line2());
+  SendLine(ws, ChatLine3());
 }
 
-void ScrollStats(bool byMenu) {
-  const TransferStatus status = ReadTransferStatus();
-  SendLine(ChatLine1());
-  SendLine(ScrollLine(status, byMenu));
-  SendLine(ChatLine3());
+void ScrollStats(WindowSystem& ws, bool byMenu) {
+  const TransferStatus status = ReadTransferStatus(ws);
+  SendLine(ws, ChatLine1());
+  SendLine(ws, ScrollLine(status, byMenu));
+  SendLine(ws, ChatLine3());
 }
 
 }  // namespace qc

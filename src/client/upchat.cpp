@@ -15,35 +15,33 @@ constexpr std::int32_t kSwMinimize = 6;
 constexpr std::int32_t kSwRestore = 9;
 
 // The first window of the class, whatever its title: no test is made that it is a transfer.
-Hwnd FindTransferWindow() {
-  Hwnd modal = CurrentWindowSystem().FindWindowA(std::string(aol::kModalUpperClass), std::nullopt);
+Hwnd FindTransferWindow(WindowSystem& ws, Prompts& prompts) {
+  Hwnd modal = ws.FindWindowA(std::string(aol::kModalUpperClass), std::nullopt);
   if (modal == 0) {
     std::string text = "file transfer window not found";
     int flags = kCritical;
     std::string title = "error: ";
-    ShowMessage(text, flags, title);
+    ShowMessage(prompts, text, flags, title);
   }
   return modal;
 }
 
 }  // namespace
 
-void ShowMessage(std::string& text, int& flags, std::string& title) {
-  CurrentPrompts().MsgBox(text, flags + kSystemModal, title);
+void ShowMessage(Prompts& prompts, std::string& text, int& flags, std::string& title) {
+  prompts.MsgBox(text, flags + kSystemModal, title);
 }
 
-void UpchatOn() {
-  const Hwnd modal = FindTransferWindow();
+void UpchatOn(WindowSystem& ws, Prompts& prompts) {
+  const Hwnd modal = FindTransferWindow(ws, prompts);
   if (modal == 0) return;
-  WindowSystem& ws = CurrentWindowSystem();
   ws.ShowWindow(modal, kSwHide);
   ws.ShowWindow(modal, kSwMinimize);
 }
 
-void UpchatOff() {
-  const Hwnd modal = FindTransferWindow();
+void UpchatOff(WindowSystem& ws, Prompts& prompts) {
+  const Hwnd modal = FindTransferWindow(ws, prompts);
   if (modal == 0) return;
-  WindowSystem& ws = CurrentWindowSystem();
   ws.ShowWindow(modal, kSwHide);
   ws.ShowWindow(modal, kSwRestore);
 }

@@ -5,11 +5,14 @@
 
 namespace qc {
 
+class Prompts;
+class WindowSystem;
+
 // "file transfer window not found" with the title "error: " when there is no transfer window.
-void UpchatOn();   // hide, then minimise
-void UpchatOff();  // hide, then restore
+void UpchatOn(WindowSystem& ws, Prompts& prompts);   // hide, then minimise
+void UpchatOff(WindowSystem& ws, Prompts& prompts);  // hide, then restore
 
 // A message box that is always system-modal: flags + 4096.
-void ShowMessage(std::string& text, int& flags, std::string& title);
+void ShowMessage(Prompts& prompts, std::string& text, int& flags, std::string& title);
 
 }  // namespace qc

@@ -110,10 +110,4 @@ class WindowSystem {
 std::string ToCodePage(std::string_view programText);
 std::string FromCodePage(std::string_view codePageText);
 
-// The window system in force: the one the program drives. Until one is installed it is an empty
-// desktop on which every lookup gives 0.
-WindowSystem& CurrentWindowSystem();
-// Installs a window system (not owned); nullptr restores the empty desktop.
-void SetWindowSystem(WindowSystem* windowSystem);
-
 }  // namespace qc

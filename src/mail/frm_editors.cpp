@@ -7,6 +7,7 @@
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "mail/mail_editors.h"
 
 namespace qc {
@@ -69,9 +70,9 @@ void InsertTemplateKey(QWidget* box, TemplateKey key) {
   box->setFocus();
 }
 
-FrmSubject::FrmSubject(FrmMenu* menu, QWidget* parent)
+FrmSubject::FrmSubject(const Services& services, FrmMenu* menu, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmSubject"), QStringLiteral("edit subject line"), 4095,
-                      1590, parent) {
+                      1590, services.deskArea, parent) {
   Panel3D* face = pnlFrame();
   UseSmallFont(this);
   txtSubj = new QLineEdit(face);
@@ -111,8 +112,9 @@ void FrmSubject::UpdateLetterCount() {
   pnlInfo->setCaption(QStringLiteral(" letter count: ") + QString::number(txtSubj->text().size()));
 }
 
-FrmBody::FrmBody(FrmMenu* menu, QWidget* parent)
-    : SecondaryWindow(QStringLiteral("frmBody"), QStringLiteral("edit body"), 4095, 2880, parent) {
+FrmBody::FrmBody(const Services& services, FrmMenu* menu, QWidget* parent)
+    : SecondaryWindow(QStringLiteral("frmBody"), QStringLiteral("edit body"), 4095, 2880,
+                      services.deskArea, parent) {
   Panel3D* face = pnlFrame();
   UseSmallFont(this);
   txtBody = new QPlainTextEdit(face);
@@ -147,9 +149,9 @@ FrmBody::FrmBody(FrmMenu* menu, QWidget* parent)
   }
 }
 
-FrmHead::FrmHead(QWidget* parent)
+FrmHead::FrmHead(const Services& services, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmHead"), QStringLiteral("head/footer options"), 2400,
-                      1290, parent) {
+                      1290, services.deskArea, parent) {
   Panel3D* face = pnlFrame();
   UseSmallFont(this);
   SSFrame1 = new Frame3D(QStringLiteral("ascii:"), face, QStringLiteral("SSFrame1"));
@@ -187,19 +189,27 @@ FrmSubject* SubjectEditor() { return SubjectSlot(); }
 FrmBody* BodyEditor() { return BodySlot(); }
 FrmHead* HeadEditor() { return HeadSlot(); }
 
-FrmEmailto* OpenMailListEditor(FrmMenu* menu) { return OpenSecondary(MailListSlot(), menu); }
-FrmSubject* OpenSubjectEditor(FrmMenu* menu) { return OpenSecondary(SubjectSlot(), menu); }
-FrmBody* OpenBodyEditor(FrmMenu* menu) { return OpenSecondary(BodySlot(), menu); }
-FrmHead* OpenHeadEditor() { return OpenSecondary(HeadSlot()); }
+FrmEmailto* OpenMailListEditor(const Services& services, FrmMenu* menu) {
+  return OpenSecondary(MailListSlot(), services, menu);
+}
+FrmSubject* OpenSubjectEditor(const Services& services, FrmMenu* menu) {
+  return OpenSecondary(SubjectSlot(), services, menu);
+}
+FrmBody* OpenBodyEditor(const Services& services, FrmMenu* menu) {
+  return OpenSecondary(BodySlot(), services, menu);
+}
+FrmHead* OpenHeadEditor(const Services& services) { return OpenSecondary(HeadSlot(), services); }
 
-void ConnectMailEditors(FrmMenu& frmMenu) {
+void ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
   FrmMenu* menu = &frmMenu;
+  const Services* s = &services;
   QObject::connect(frmMenu.editmailform, &QAction::triggered, menu,
-                   [menu] { OpenMailListEditor(menu); });
+                   [s, menu] { OpenMailListEditor(*s, menu); });
   QObject::connect(frmMenu.editSubject, &QAction::triggered, menu,
-                   [menu] { OpenSubjectEditor(menu); });
-  QObject::connect(frmMenu.editBody, &QAction::triggered, menu, [menu] { OpenBodyEditor(menu); });
-  QObject::connect(frmMenu.headfootopt, &QAction::triggered, menu, [] { OpenHeadEditor(); });
+                   [s, menu] { OpenSubjectEditor(*s, menu); });
+  QObject::connect(frmMenu.editBody, &QAction::triggered, menu,
+                   [s, menu] { OpenBodyEditor(*s, menu); });
+  QObject::connect(frmMenu.headfootopt, &QAction::triggered, menu, [s] { OpenHeadEditor(*s); });
 
   // The list commands work on the open editor's active list.
   const std::pair<QAction*, void (FrmEmailto::*)()> listCommands[] = {

@@ -8,6 +8,7 @@
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "ui/list_addresses.h"
 #include "base/prompts.h"
 #include "base/pump.h"
@@ -97,9 +98,10 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
-FrmEmailto::FrmEmailto(FrmMenu* menu, QWidget* parent)
+FrmEmailto::FrmEmailto(const Services& services, FrmMenu* menu, QWidget* parent)
     : SecondaryWindow(QStringLiteral("frmEmailto"), QStringLiteral("mail lists"), 2430, 2505,
-                      parent),
+                      services.deskArea, parent),
+      services_(services),
       menu_(menu) {
   Panel3D* face = pnlFrame();
   UseSmallFont(this);
@@ -250,14 +252,14 @@ void FrmEmailto::CheckAndRemoveFullBoxes() {
   // The active list is taken anew at the removal: the user may switch lists during the wait.
   bool reachedRemoval = false;
   const std::string removed = FromCodePage(RemoveFullBoxes(
-      CurrentWindowSystem(), [this]() -> AddressList& { return ActiveAddresses(); },
+      services_.windows, [this]() -> AddressList& { return ActiveAddresses(); },
       &reachedRemoval));
   // The check ended early, before any report, on generation 2 or without the client's frame.
   if (!reachedRemoval) return;
   if (removed.empty()) {
-    CurrentPrompts().MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
+    services_.prompts.MsgBox("there are no full boxes", kSystemModal | kInformation, kAppName);
   } else {
-    CurrentPrompts().MsgBox("email addresses that were full or invalid are:\r\r" + removed +
+    services_.prompts.MsgBox("email addresses that were full or invalid are:\r\r" + removed +
                                 "\rthey have been removed!",
                             kSystemModal | kInformation, kAppName);
   }

@@ -20,6 +20,7 @@ class QMenu;
 namespace qc {
 
 class FrmMenu;
+struct Services;
 
 // The body frmBody offers when the file gives no text: tab-aligned, lines joined by CR LF, no
 // line end behind the last line.
@@ -47,7 +48,8 @@ class EntryBox : public QLineEdit {
 class FrmEmailto : public SecondaryWindow {
   Q_OBJECT
  public:
-  explicit FrmEmailto(FrmMenu* menu = nullptr, QWidget* parent = nullptr);
+  explicit FrmEmailto(const Services& services, FrmMenu* menu = nullptr,
+                      QWidget* parent = nullptr);
 
   Option3D* optMember;
   Option3D* optUpload;
@@ -85,6 +87,7 @@ class FrmEmailto : public SecondaryWindow {
 
  private:
   void ShowList(bool member);
+  const Services& services_;
   QPointer<FrmMenu> menu_;
   std::unique_ptr<AddressList> memberAddresses_;
   std::unique_ptr<AddressList> uploadAddresses_;
@@ -93,7 +96,8 @@ class FrmEmailto : public SecondaryWindow {
 class FrmSubject : public SecondaryWindow {
   Q_OBJECT
  public:
-  explicit FrmSubject(FrmMenu* menu = nullptr, QWidget* parent = nullptr);
+  explicit FrmSubject(const Services& services, FrmMenu* menu = nullptr,
+                      QWidget* parent = nullptr);
 
   QLineEdit* txtSubj;
   Panel3D* pnlInfo;
@@ -107,7 +111,7 @@ class FrmSubject : public SecondaryWindow {
 class FrmBody : public SecondaryWindow {
   Q_OBJECT
  public:
-  explicit FrmBody(FrmMenu* menu = nullptr, QWidget* parent = nullptr);
+  explicit FrmBody(const Services& services, FrmMenu* menu = nullptr, QWidget* parent = nullptr);
 
   QPlainTextEdit* txtBody;
   Panel3D* panelSep;
@@ -118,7 +122,7 @@ class FrmBody : public SecondaryWindow {
 class FrmHead : public SecondaryWindow {
   Q_OBJECT
  public:
-  explicit FrmHead(QWidget* parent = nullptr);
+  explicit FrmHead(const Services& services, QWidget* parent = nullptr);
 
   Frame3D* SSFrame1;
   QLabel* Label1;
@@ -139,13 +143,13 @@ FrmBody* BodyEditor();
 FrmHead* HeadEditor();
 
 // Open (loading anew when unloaded) without blocking.
-FrmEmailto* OpenMailListEditor(FrmMenu* menu);
-FrmSubject* OpenSubjectEditor(FrmMenu* menu);
-FrmBody* OpenBodyEditor(FrmMenu* menu);
-FrmHead* OpenHeadEditor();
+FrmEmailto* OpenMailListEditor(const Services& services, FrmMenu* menu);
+FrmSubject* OpenSubjectEditor(const Services& services, FrmMenu* menu);
+FrmBody* OpenBodyEditor(const Services& services, FrmMenu* menu);
+FrmHead* OpenHeadEditor(const Services& services);
 
 // Binds editmailform, editSubject, editBody, headfootopt and the items of mnuEmailto,
 // subjoptions and bodyOpt (the tips are the shell's).
-void ConnectMailEditors(FrmMenu& frmMenu);
+void ConnectMailEditors(FrmMenu& frmMenu, const Services& services);
 
 }  // namespace qc

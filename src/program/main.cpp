@@ -9,10 +9,10 @@
 #include "ui/application.h"
 #include "ui/qt_glue.h"
 #include "ui/qt_prompts.h"
+#include "ui/services.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
 #include "program/control_dump.h"
-#include "client/window_system.h"
 #include "program/menu_wiring.h"
 #include "shell/skin_art.h"
 #include "program/startup.h"
@@ -55,7 +55,6 @@ std::unique_ptr<EmbeddedClient> StartClient() {
   embedded->chat = std::make_unique<qc::sim::SimChat>(*embedded->client);
   embedded->ims = std::make_unique<qc::sim::SimIm>(*embedded->client);
   if (options.signedOn) embedded->chat->OpenRoom(kChatRoom);
-  qc::SetWindowSystem(&embedded->desktop);
   return embedded;
 }
 
@@ -71,19 +70,21 @@ int main(int argc, char** argv) {
 
   qc::InstallQtPump();
   qc::QtPrompts prompts;
-  qc::SetPrompts(&prompts);
   qc::InitSkinResources();
 
   const std::unique_ptr<EmbeddedClient> embedded = StartClient();
+  // Built once; every feature reaches the platform through these.
+  const qc::Services services = qc::PlatformServices(embedded->desktop, prompts);
+  app.Serve(services);
 
   // The lasting windows live until the program ends at once; nothing deletes them.
   auto* frmMain = new qc::FrmMain;
   prompts.SetOwner(frmMain);  // prompts asked while no window of ours is active
   auto* frmMenu = new qc::FrmMenu;
   auto* frmMenu2 = new qc::FrmMenu2;
-  qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2);
+  qc::ConnectMenus(*frmMain, *frmMenu, *frmMenu2, services);
 
-  auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2});
+  auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2}, services);
   frmStart->Open();  // the generation warning, if any, comes before any other window
 
   // The user's window onto the client: at the screen's right, beside the centred main window.

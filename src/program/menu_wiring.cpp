@@ -1,11 +1,10 @@
 #include "program/menu_wiring.h"
 
-#include <QDesktopServices>
 #include <QPointer>
-#include <QUrl>
 #include <memory>
 
 #include "ui/qt_glue.h"
+#include "ui/services.h"
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "ui/frmmain.h"
@@ -28,11 +27,6 @@ namespace qc {
 
 namespace {
 
-std::function<void(const std::string&)>& WebOpener() {
-  static std::function<void(const std::string&)> opener;
-  return opener;
-}
-
 // The first `count` characters of a UTF-8 text.
 std::string FirstCharacters(const std::string& text, int count) {
   const QString q = ToQ(text);
@@ -43,33 +37,21 @@ std::string FirstCharacters(const std::string& text, int count) {
 
 std::string HandleItemCaption(const std::string& handle) { return "&handle [" + handle + "]"; }
 
-void AskHandle(FrmMenu& frmMenu) {
+void AskHandle(FrmMenu& frmMenu, Prompts& prompts) {
   const std::optional<std::string> answer =
-      CurrentPrompts().InputBox("please enter your handle/name...", "handle",
+      prompts.InputBox("please enter your handle/name...", "handle",
                                 frmMenu.lblHandle->Caption(), kInputBoxX, kInputBoxY);
   if (!answer || answer->empty()) return;
   frmMenu.lblHandle->SetCaption(*answer);
   frmMenu.userHandle->setText(ToQ(HandleItemCaption(*answer)));
 }
 
-void AskCommentText(FrmMenu& frmMenu) {
-  const std::optional<std::string> answer = CurrentPrompts().InputBox(
+void AskCommentText(FrmMenu& frmMenu, Prompts& prompts) {
+  const std::optional<std::string> answer = prompts.InputBox(
       "before uploading, rename all mp3 comment tags to...\r\r\r...30 letters max.", "id tags",
       frmMenu.lblRename->Caption(), kInputBoxX, kInputBoxY);
   if (!answer || answer->empty()) return;
   frmMenu.lblRename->SetCaption(FirstCharacters(*answer, kCommentLimit));
-}
-
-void OpenWebPage(const std::string& address) {
-  if (WebOpener()) {
-    WebOpener()(address);
-    return;
-  }
-  QDesktopServices::openUrl(QUrl(ToQ(address)));  // the result is of no interest
-}
-
-void SetWebOpener(std::function<void(const std::string& address)> opener) {
-  WebOpener() = std::move(opener);
 }
 
 void ResetStats(FrmMain& frmMain) {
@@ -78,9 +60,13 @@ void ResetStats(FrmMain& frmMain) {
   frmMain.lblUps->SetCaption("0");
 }
 
-void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
+void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2,
+                  const Services& services) {
   FrmMain* m = &frmMain;
   FrmMenu* menu = &frmMenu;
+  const Services* s = &services;
+  Prompts* p = &services.prompts;
+  WindowSystem* ws = &services.windows;
 
   // Popups under the picture buttons.
   const std::pair<PictureBox*, QMenu*> popups[] = {
@@ -95,46 +81,47 @@ void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2) {
   }
 
   // file
-  QObject::connect(frmMenu.how2use, &QAction::triggered, menu, [] { ShowHowToUse(); });
+  QObject::connect(frmMenu.how2use, &QAction::triggered, menu, [p] { ShowHowToUse(*p); });
   for (QAction* web : {frmMenu.weblink1, frmMenu.weblink2, frmMenu.fav1, frmMenu.fav2,
                        frmMenu.fav3, frmMenu.fav4}) {
     const std::string address = FrmMenu::WebAddress(FromQ(web->objectName()));
-    QObject::connect(web, &QAction::triggered, menu, [address] { OpenWebPage(address); });
+    QObject::connect(web, &QAction::triggered, menu, [s, address] { s->openWebPage(address); });
   }
   QObject::connect(frmMenu.resetstat, &QAction::triggered, menu, [m] { ResetStats(*m); });
   QObject::connect(frmMenu.kwaittt, &QAction::triggered, menu,
-                   [] { KillWait(CurrentWindowSystem()); });
+                   [ws] { KillWait(*ws); });
   QObject::connect(frmMenu.kmodallll, &QAction::triggered, menu,
-                   [] { KillModal(CurrentWindowSystem()); });
+                   [ws] { KillModal(*ws); });
   QObject::connect(frmMenu.kglyphhh, &QAction::triggered, menu,
-                   [] { KillGlyph(CurrentWindowSystem()); });
+                   [ws] { KillGlyph(*ws); });
   auto about = std::make_shared<QPointer<FrmAbout>>();
   QObject::connect(frmMenu.aboutmp33, &QAction::triggered, menu,
                    [menu, about] { OpenAbout(*about, menu->lblHandle->text()); });
-  QObject::connect(frmMenu.contactzme, &QAction::triggered, menu, [] { ShowContact(); });
-  QObject::connect(frmMenu.endprog, &QAction::triggered, menu, [m, menu] { ExitProgram(*m, *menu); });
-  QObject::connect(frmMain.picExit, &Label::clicked, m, [m, menu] { ExitProgram(*m, *menu); });
+  QObject::connect(frmMenu.contactzme, &QAction::triggered, menu, [p] { ShowContact(*p); });
+  const auto exit = [m, menu, s] { ExitProgram(*m, *menu, *s); };
+  QObject::connect(frmMenu.endprog, &QAction::triggered, menu, exit);
+  QObject::connect(frmMain.picExit, &Label::clicked, m, exit);
   // Closing the window from the window manager takes the same road.
-  QObject::connect(&frmMain, &FrmMain::closeRequested, m, [m, menu] { ExitProgram(*m, *menu); });
+  QObject::connect(&frmMain, &FrmMain::closeRequested, m, exit);
 
   // tag: the nine toggles flip their own check marks; nothing else happens on them.
-  QObject::connect(frmMenu.renametags, &QAction::triggered, menu, [menu] { AskCommentText(*menu); });
+  QObject::connect(frmMenu.renametags, &QAction::triggered, menu, [menu, p] { AskCommentText(*menu, *p); });
 
   // othermenu
-  QObject::connect(frmMenu.userHandle, &QAction::triggered, menu, [menu] { AskHandle(*menu); });
+  QObject::connect(frmMenu.userHandle, &QAction::triggered, menu, [menu, p] { AskHandle(*menu, *p); });
 
   // The tips of the editors' menus.
-  QObject::connect(frmMenu.emailTips, &QAction::triggered, menu, [] { ShowMailListTips(); });
-  QObject::connect(frmMenu.subjectTips, &QAction::triggered, menu, [] { ShowSubjectTips(); });
-  QObject::connect(frmMenu.bodytips, &QAction::triggered, menu, [] { ShowBodyTips(); });
+  QObject::connect(frmMenu.emailTips, &QAction::triggered, menu, [p] { ShowMailListTips(*p); });
+  QObject::connect(frmMenu.subjectTips, &QAction::triggered, menu, [p] { ShowSubjectTips(*p); });
+  QObject::connect(frmMenu.bodytips, &QAction::triggered, menu, [p] { ShowBodyTips(*p); });
 
   // The other subsystems bind their own items and buttons.
-  ConnectStats(frmMain, frmMenu);
-  ConnectRunLog(frmMain, frmMenu);
-  ConnectCatalogue(frmMain, frmMenu2);
-  ConnectMailEditors(frmMenu);
-  ConnectChatTools(frmMain, frmMenu);
-  ConnectTaggingRun(frmMain, frmMenu);
+  ConnectStats(frmMain, frmMenu, services);
+  ConnectRunLog(frmMain, frmMenu, services);
+  ConnectCatalogue(frmMain, frmMenu2, services);
+  ConnectMailEditors(frmMenu, services);
+  ConnectChatTools(frmMain, frmMenu, services);
+  ConnectTaggingRun(frmMain, frmMenu, services);
 }
 
 }  // namespace qc

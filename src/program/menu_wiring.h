@@ -1,7 +1,6 @@
 #pragma once
 // Every command of the menus and the main window's picture buttons bound to its routine, in one
 // place, including the Connect functions of the other subsystems.
-#include <functional>
 #include <string>
 
 namespace qc {
@@ -9,27 +8,26 @@ namespace qc {
 class FrmMain;
 class FrmMenu;
 class FrmMenu2;
+class Prompts;
+struct Services;
 
 inline constexpr int kInputBoxX = 15;  // twips, both input boxes
 inline constexpr int kInputBoxY = 15;
 inline constexpr int kCommentLimit = 30;  // the width of the tag's comment field
 
 // userHandle: an empty answer (or cancel) changes nothing.
-void AskHandle(FrmMenu& frmMenu);
+void AskHandle(FrmMenu& frmMenu, Prompts& prompts);
 // renametags: an answer longer than 30 characters keeps its first 30.
-void AskCommentText(FrmMenu& frmMenu);
+void AskCommentText(FrmMenu& frmMenu, Prompts& prompts);
 // "&handle [" + handle + "]"
 std::string HandleItemCaption(const std::string& handle);
-
-// Hands the address to the desktop's URL handler; a failure passes silently.
-void OpenWebPage(const std::string& address);
-// Replaces the URL handler (tests record the addresses); an empty function restores it.
-void SetWebOpener(std::function<void(const std::string& address)> opener);
 
 // resetstat: deletes every setting of the program and zeroes the two all-runs counters.
 void ResetStats(FrmMain& frmMain);
 
-// Binds the popups, the items and the buttons of the three windows, once.
-void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2);
+// Binds the popups, the items and the buttons of the three windows, once. `services` must
+// outlive the windows.
+void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2,
+                  const Services& services);
 
 }  // namespace qc

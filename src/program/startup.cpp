@@ -6,11 +6,11 @@
 #include <QLockFile>
 #include <QStandardPaths>
 #include <QTimer>
-#include <cstdlib>
 #include <vector>
 
 #include "run/chat.h"
 #include "ui/qt_glue.h"
+#include "ui/services.h"
 #include "ui/settings_store.h"
 #include "ui/window_routines.h"
 #include "ui/frmmain.h"
@@ -36,11 +36,6 @@ const char* const kGenerationWarningText =
 namespace {
 
 constexpr const char* kLeftProperty = "twipsLeft";
-
-std::function<void()>& ExitHook() {
-  static std::function<void()> hook;
-  return hook;
-}
 
 // The label's Left in twips as last set; pixels alone would lose the odd twips of each step.
 double LabelLeft(const Label& label) {
@@ -71,8 +66,8 @@ QString InstanceLock::DefaultPath() {
   return QDir(dir).filePath(QStringLiteral("quillcast.lock"));
 }
 
-FrmStart::FrmStart(ProgramWindows windows, QWidget* parent)
-    : QWidget(parent, Qt::FramelessWindowHint), w_(windows) {
+FrmStart::FrmStart(ProgramWindows windows, const Services& services, QWidget* parent)
+    : QWidget(parent, Qt::FramelessWindowHint), w_(windows), services_(services) {
   setObjectName(QStringLiteral("frmStart"));
   setWindowTitle(QStringLiteral("quill cast"));
   SetTwipsSize(this, 5700, 2400);
@@ -123,7 +118,7 @@ FrmStart::FrmStart(ProgramWindows windows, QWidget* parent)
 }
 
 void FrmStart::Open() {
-  WarnOnClientGeneration();
+  WarnOnClientGeneration(services_);
   CenterWindow(this);
   StayOnTop(this);
   SetLabelLeft(*lblVersion, kVersionStartLeft);
@@ -137,9 +132,9 @@ void FrmStart::LoadTick() {
   SlideVersionLabel(*lblVersion);
   Pause(0.2);
   // Touching frmMain's counters loads it: size, outline, centre, on top.
-  LoadMainSkin(*w_.frmMain);
-  RestoreUserSettings(*w_.frmMain, *w_.frmMenu);
-  GreetChatRoom(*w_.frmMain);
+  LoadMainSkin(*w_.frmMain, services_.deskArea);
+  RestoreUserSettings(*w_.frmMain, *w_.frmMenu, services_);
+  GreetChatRoom(*w_.frmMain, services_);
   w_.frmMain->show();
   hide();
   emit loaded();
@@ -154,10 +149,10 @@ void FrmStart::closeEvent(QCloseEvent* e) {
   QWidget::closeEvent(e);
 }
 
-bool WarnOnClientGeneration() {
-  const int generation = ClientVersion(CurrentWindowSystem());
+bool WarnOnClientGeneration(const Services& services) {
+  const int generation = ClientVersion(services.windows);
   if (generation != 2 && generation != 4) return false;
-  CurrentPrompts().MsgBox(kGenerationWarningText, kWarningFlags, kWarningTitle);
+  services.prompts.MsgBox(kGenerationWarningText, kWarningFlags, kWarningTitle);
   return true;
 }
 
@@ -170,8 +165,8 @@ void SlideVersionLabel(Label& label) {
   } while (left < kVersionStopBelow);
 }
 
-void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu) {
-  const std::string screenName = FromCodePage(ClientScreenName(CurrentWindowSystem()));
+void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
+  const std::string screenName = FromCodePage(ClientScreenName(services.windows));
   for (Option item : kOptions)
     frmMenu.setCheck(item, FlagIsOn(ReadSetting(FlagSetting(item), screenName)));
   frmMenu.lblHandle->SetCaption(ReadSetting(Setting::kHandle, screenName));
@@ -194,22 +189,20 @@ void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
   SaveSettings(kAppName, kOptionsSection, values);
 }
 
-void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu) {
+void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   frmMain.hide();
-  SayGoodbyeInChat(frmMain);
+  SayGoodbyeInChat(frmMain, services);
   SaveUserSettings(frmMain, frmMenu);
-  if (ExitHook()) {
-    ExitHook()();
-    return;
-  }
   // At once: no window, no pending event and no waiting run gets to run code again.
-  std::_Exit(0);
+  services.endProgram(0);
 }
 
-void SetExitHook(std::function<void()> hook) { ExitHook() = std::move(hook); }
+void GreetChatRoom(const FrmMain& frmMain, const Services& services) {
+  SendStartBlock(frmMain, services.windows);
+}
 
-void GreetChatRoom(const FrmMain& frmMain) { SendStartBlock(frmMain); }
-
-void SayGoodbyeInChat(const FrmMain& frmMain) { SendEndBlock(frmMain); }
+void SayGoodbyeInChat(const FrmMain& frmMain, const Services& services) {
+  SendEndBlock(frmMain, services.windows);
+}
 
 }  // namespace qc

@@ -4,7 +4,6 @@
 // and totals, greets the chat room and shows the main window; and the one exit sequence.
 #include <QString>
 #include <QWidget>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -17,6 +16,7 @@ class FrmMain;
 class FrmMenu;
 class FrmMenu2;
 class Label;
+struct Services;
 
 inline constexpr const char* kVersionCaption = "version qc23e";
 inline constexpr const char* kWarningTitle = "Warning:";
@@ -54,8 +54,8 @@ struct ProgramWindows {
 class FrmStart : public QWidget {
   Q_OBJECT
  public:
-  // `windows` must outlive the splash; frmMain is shown at the end of the load.
-  explicit FrmStart(ProgramWindows windows, QWidget* parent = nullptr);
+  // `windows` and `services` must outlive the splash; frmMain is shown at the end of the load.
+  FrmStart(ProgramWindows windows, const Services& services, QWidget* parent = nullptr);
 
   Label* lblVersion;
   QTimer* tmrLoad;
@@ -76,30 +76,28 @@ class FrmStart : public QWidget {
 
  private:
   ProgramWindows w_;
+  const Services& services_;
 };
 
 // Asks the client's generation and shows the warning for 2 and 4; true when it was shown.
-bool WarnOnClientGeneration();
+bool WarnOnClientGeneration(const Services& services);
 
 // Moves the label right by 100 twips at a time, pumping between steps, while it stands below
 // 5700; it stops at 5725 from the start of -975.
 void SlideVersionLabel(Label& label);
 
 // Check marks, the four label values and the handle item's caption from the settings store.
-void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu);
+void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 // The thirteen keys: nine flags as "1"/"0", then mbs, ups, handle and rename as they stand.
 void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu);
 
 // The exit sequence of picExit and the menu's exit item: hide frmMain, farewell lines, save the
-// thirteen keys, end the program at once. It does not look at a running tagging run.
-void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu);
-
-// How ExitProgram ends the program (default: status 0 at once, no further code of any window
-// runs). Tests replace it; an empty hook restores the default.
-void SetExitHook(std::function<void()> hook);
+// thirteen keys, end the program with status 0 through the services' end. It does not look at a
+// running tagging run.
+void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 // The chat room's greeting and farewell; nothing without a room.
-void GreetChatRoom(const FrmMain& frmMain);
-void SayGoodbyeInChat(const FrmMain& frmMain);
+void GreetChatRoom(const FrmMain& frmMain, const Services& services);
+void SayGoodbyeInChat(const FrmMain& frmMain, const Services& services);
 
 }  // namespace qc

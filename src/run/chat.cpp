@@ -6,16 +6,16 @@
 
 namespace qc {
 
-void SendStartBlock(const FrmMain& f) {
-  SendChatBlock([&f] { return CountsLine("start", f.lblUps->Caption(), TotalSizeText(f)); });
+void SendStartBlock(const FrmMain& f, WindowSystem& ws) {
+  SendChatBlock(ws, [&f] { return CountsLine("start", f.lblUps->Caption(), TotalSizeText(f)); });
 }
 
-void SendEndBlock(const FrmMain& f) {
-  SendChatBlock([&f] { return CountsLine("end", f.lblUps->Caption(), TotalSizeText(f)); });
+void SendEndBlock(const FrmMain& f, WindowSystem& ws) {
+  SendChatBlock(ws, [&f] { return CountsLine("end", f.lblUps->Caption(), TotalSizeText(f)); });
 }
 
-void BragStats(const FrmMain& f) {
-  SendChatBlock([&f] { return CountsLine("brag", f.lblUps->Caption(), TotalSizeText(f)); });
+void BragStats(const FrmMain& f, WindowSystem& ws) {
+  SendChatBlock(ws, [&f] { return CountsLine("brag", f.lblUps->Caption(), TotalSizeText(f)); });
 }
 
 }  // namespace qc

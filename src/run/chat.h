@@ -7,13 +7,14 @@ namespace qc {
 
 class FrmMain;
 class FrmMenu;
+struct Services;
 
 // The three greeting lines at start-up and the three goodbye lines at exit, and the brag.
-void SendStartBlock(const FrmMain& frmMain);
-void SendEndBlock(const FrmMain& frmMain);
-void BragStats(const FrmMain& frmMain);
+void SendStartBlock(const FrmMain& frmMain, WindowSystem& ws);
+void SendEndBlock(const FrmMain& frmMain, WindowSystem& ws);
+void BragStats(const FrmMain& frmMain, WindowSystem& ws);
 // Wires the menu items bragg, upchatscrolll, ucon, ucoff, imzonn, imzzoff, gonnnnn, gofffff and
 // the buttons picBut3 (upchat on), picBut4 (upchat off) and picBut5 (scroll stats).
-void ConnectChatTools(FrmMain& frmMain, FrmMenu& frmMenu);
+void ConnectChatTools(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 }  // namespace qc

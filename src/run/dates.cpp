@@ -2,25 +2,11 @@
 
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 
 #include "base/numbers.h"
 
 namespace qc {
 namespace {
-
-std::function<CivilDate()>& Source() {
-  static std::function<CivilDate()> source;
-  return source;
-}
-
-CivilDate MachineToday() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return {local.tm_year + 1900, static_cast<unsigned>(local.tm_mon + 1),
-          static_cast<unsigned>(local.tm_mday)};
-}
 
 constexpr const char* kDayNames[] = {"sunday",   "monday", "tuesday", "wednesday",
                                      "thursday", "friday", "saturday"};
@@ -28,15 +14,6 @@ constexpr const char* kMonthNames[] = {"jan", "feb", "mar", "apr", "may", "jun",
                                        "jul", "aug", "sep", "oct", "nov", "dec"};
 
 }  // namespace
-
-CivilDate Today() { return Source() ? Source()() : MachineToday(); }
-
-void SetTodaySource(std::function<CivilDate()> source) { Source() = std::move(source); }
-
-ScopedToday::ScopedToday(CivilDate date) {
-  SetTodaySource([date] { return date; });
-}
-ScopedToday::~ScopedToday() { SetTodaySource(nullptr); }
 
 std::string LongDateText(CivilDate date) {
   using namespace std::chrono;
@@ -54,8 +31,5 @@ std::string ShortDateText(CivilDate date) {
                 ((date.year % 100) + 100) % 100);
   return Trim(buf);
 }
-
-std::string TodayLong() { return LongDateText(Today()); }
-std::string TodayShort() { return ShortDateText(Today()); }
 
 }  // namespace qc

@@ -9,6 +9,7 @@
 #include "run/dates.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "base/prompts.h"
@@ -36,7 +37,7 @@ double RoundedMegabytes(const std::string& path) {
   return RoundTo(static_cast<double>(FileLength(path)) / 1000000.0, 2);
 }
 
-std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form) {
+std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form, CivilDate today) {
   // Count and total stand above the entries, so the entries come first.
   std::string entries;
   double total = 0;
@@ -62,14 +63,14 @@ std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form) {
   log += "  log:" + std::string(kCrLf);
   log += "    number of mp3s: " + TrimmedNumber(count) + kCrLf;
   log += "    total megabytes: " + TrimmedNumber(total) + kCrLf;
-  log += "    log created on: " + TodayShort() + kCrLf;
+  log += "    log created on: " + ShortDateText(today) + kCrLf;
   log += kRule + kCrLf;
   log += "  log in detail:\r\n\r\n";
   return log + entries;
 }
 
-std::string CompileRunLog(const FrmMain& frmMain) {
-  return BuildRunLog(frmMain, RunLogForm::kMail);
+std::string CompileRunLog(const FrmMain& frmMain, CivilDate today) {
+  return BuildRunLog(frmMain, RunLogForm::kMail, today);
 }
 
 std::string SelectedMbTotal(const FrmMain& frmMain) {
@@ -79,26 +80,26 @@ std::string SelectedMbTotal(const FrmMain& frmMain) {
   return TrimmedNumber(total);
 }
 
-void CopyRunLog(const FrmMain& frmMain) {
+void CopyRunLog(const FrmMain& frmMain, const Services& services) {
   if (frmMain.lstPathSelect->ListCount() == 0) {
-    CurrentPrompts().MsgBox(
+    services.prompts.MsgBox(
         "cannot compile a log because you have not selected files to upload.",
         kCritical | kSystemModal, "error:");
     return;
   }
-  const std::string log = BuildRunLog(frmMain, RunLogForm::kClipboard);
+  const std::string log = BuildRunLog(frmMain, RunLogForm::kClipboard, services.today());
   QClipboard* clipboard = QGuiApplication::clipboard();
   clipboard->clear();
   clipboard->setText(QString::fromStdString(log));
-  CurrentPrompts().MsgBox(
+  services.prompts.MsgBox(
       "log has been copyed to your clipboard. it is recommened that you paste the log into an "
       "email form and send it to the person in your group that is in charge of stats!",
       kInformation | kSystemModal, "log");
 }
 
-void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu) {
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   QObject::connect(frmMenu.compileLog, &QAction::triggered, &frmMain,
-                   [&frmMain] { CopyRunLog(frmMain); });
+                   [&frmMain, &services] { CopyRunLog(frmMain, services); });
 }
 
 }  // namespace qc

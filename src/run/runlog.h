@@ -4,27 +4,30 @@
 #include <cstdint>
 #include <string>
 
+#include "base/civil_date.h"
+
 namespace qc {
 
 class FrmMain;
 class FrmMenu;
+struct Services;
 
 enum class RunLogForm { kMail, kClipboard };
 
 // Both forms walk every chosen file and ask for its length; a file that has vanished raises the
-// file-not-found failure, which nothing catches.
-std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form);
-std::string CompileRunLog(const FrmMain& frmMain);
+// file-not-found failure, which nothing catches. `today` is the log's date.
+std::string BuildRunLog(const FrmMain& frmMain, RunLogForm form, CivilDate today);
+std::string CompileRunLog(const FrmMain& frmMain, CivilDate today);
 
 // The total of the chosen files' rounded sizes, as trimmed number text (".5", "3.52").
 std::string SelectedMbTotal(const FrmMain& frmMain);
 
 // The compileLog menu item: the clipboard form onto the clipboard, then a message box. Refuses
 // with an error box when nothing is chosen.
-void CopyRunLog(const FrmMain& frmMain);
+void CopyRunLog(const FrmMain& frmMain, const Services& services);
 
 // Connects the menu item compileLog to CopyRunLog.
-void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu);
+void ConnectRunLog(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 // The name behind the last path separator.
 std::string ShortFileName(const std::string& path);

@@ -7,6 +7,7 @@
 
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
+#include "ui/services.h"
 #include "run/runlog.h"
 #include "base/failure.h"
 #include "base/numbers.h"
@@ -88,14 +89,14 @@ void ShowRunTotalLine(FrmMain& f) {
                             f.lblTagTotalUps->Caption() + " ups");
 }
 
-void ConnectStats(FrmMain& f, FrmMenu& menu) {
+void ConnectStats(FrmMain& f, FrmMenu& menu, const Services& services) {
   for (Label* l : {f.lblUps, f.lblMBs})
     QObject::connect(l, &Label::changed, l, [&f] { ShowTotalsLine(f); });
   for (Label* l : {f.lblTagTotalMb, f.lblTagTotalUps})
     QObject::connect(l, &Label::changed, l, [&f] { ShowRunTotalLine(f); });
   ShowTotalsLine(f);
   ShowRunTotalLine(f);
-  QObject::connect(menu.calcMb, &QAction::triggered, &f, [&f] { ShowMbTotal(f); });
+  QObject::connect(menu.calcMb, &QAction::triggered, &f, [&f, &services] { ShowMbTotal(f, services.prompts); });
 }
 
 std::int64_t ToCurrency(const std::string& text) {
@@ -159,18 +160,18 @@ std::string TotalSizeText(const std::string& megabytes) {
 
 std::string TotalSizeText(const FrmMain& f) { return TotalSizeText(f.lblMBs->Caption()); }
 
-void ShowMbTotal(const FrmMain& f) {
+void ShowMbTotal(const FrmMain& f, Prompts& prompts) {
   const std::int16_t count = f.lstPathSelect->ListCount();
   if (count == 0) {
-    CurrentPrompts().MsgBox(
+    prompts.MsgBox(
         "cannot calculate megabytes because you have not selected files to upload.",
         kCritical | kSystemModal, "error:");
     return;
   }
   double sum = 0;
   for (std::int16_t i = 0; i < count; ++i) sum += RoundedMegabytes(f.lstPathSelect->List(i));
-  CurrentPrompts().MsgBox("total size of mp3s: " + Trim(PaddedNumberText(sum)) + "mb",
-                          kInformation | kSystemModal, "mb calc.");
+  prompts.MsgBox("total size of mp3s: " + Trim(PaddedNumberText(sum)) + "mb",
+                 kInformation | kSystemModal, "mb calc.");
 }
 
 }  // namespace qc

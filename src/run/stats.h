@@ -8,6 +8,8 @@ namespace qc {
 
 class FrmMain;
 class FrmMenu;
+class Prompts;
+struct Services;
 
 // Sum lines: Label1 from lblUps and lblMBs, lblTagTotal from lblTagTotalMb and lblTagTotalUps,
 // each from the labels' texts as they stand.
@@ -16,7 +18,7 @@ void ShowRunTotalLine(FrmMain& frmMain);
 
 // Connects the change handlers of the four counter labels and runs them once, as at load, and
 // connects the menu item calcMb.
-void ConnectStats(FrmMain& frmMain, FrmMenu& frmMenu);
+void ConnectStats(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 // "85.20mbs", "1.23gigs", "1,500.00gigs": from the text of lblMBs. A text that is not a number,
 // or one too large for the fixed-point type, raises the type-mismatch or overflow failure.
@@ -31,6 +33,6 @@ std::int64_t ToCurrency(const std::string& text);
 std::string StandardFormat(std::int64_t tenThousandths);
 
 // Shows the total size of the chosen files, or an error box when none is chosen.
-void ShowMbTotal(const FrmMain& frmMain);
+void ShowMbTotal(const FrmMain& frmMain, Prompts& prompts);
 
 }  // namespace qc

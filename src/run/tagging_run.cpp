@@ -9,7 +9,7 @@
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
 #include "ui/list_addresses.h"
-#include "run/run_drivers.h"
+#include "ui/services.h"
 #include "run/runlog.h"
 #include "base/numbers.h"
 #include "base/prompts.h"
@@ -34,21 +34,21 @@ void AppendListFile(ListBox& list, const std::string& path) {
 }
 
 // The start and end notices go out only on the generations whose notice driver exists.
-void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const std::string& recipients,
-                const char* word) {
+void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const Services& services,
+                const std::string& recipients, const char* word) {
+  const RunDrivers& drivers = services.drivers;
   const std::string decorLeft = ReadSetting(Setting::kAscii1);
   const std::string decorRight = ReadSetting(Setting::kAscii2);
-  RunDrivers& drivers = CurrentRunDrivers();
   if (drivers.clientVersion() == 3) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
                                 SelectedMbTotal(frmMain) + "mb " + decorRight;
-    const std::string body = CompileRunLog(frmMain);
+    const std::string body = CompileRunLog(frmMain, services.today());
     drivers.sendNoticeMail95(recipients, subject, body);
   }
   if (drivers.clientVersion() == 5) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
                                 SelectedMbTotal(frmMain) + "mb " + decorRight;
-    const std::string body = CompileRunLog(frmMain);
+    const std::string body = CompileRunLog(frmMain, services.today());
     drivers.sendNoticeMail50(recipients, subject, body);
   }
 }
@@ -74,14 +74,14 @@ void StopRun(FrmMain& frmMain) {
   frmMain.picBut1->Tag = QStringLiteral("stop");
 }
 
-void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
+void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   if (frmMain.lstPathSelect->ListCount() == 0) {
-    CurrentPrompts().MsgBox("you have not selected files to upload.", kCritical | kSystemModal,
+    services.prompts.MsgBox("you have not selected files to upload.", kCritical | kSystemModal,
                             "error:");
     return;
   }
-  RunDrivers& drivers = CurrentRunDrivers();
-  WindowSystem& ws = CurrentWindowSystem();
+  const RunDrivers& drivers = services.drivers;
+  WindowSystem& ws = services.windows;
 
   frmMain.picBut1->Tag = QStringLiteral("tag");
   frmMain.picBut1->setEnabled(false);
@@ -119,7 +119,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
     }
   }
 
-  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, recipients, " start: ");
+  if (frmMenu.check(Option::kAutoHead)) SendNotice(frmMain, frmMenu, services, recipients, " start: ");
 
   const std::int16_t count = frmMain.lstPathSelect->ListCount();
   for (std::int16_t index = 0; index < count; ++index) {
@@ -157,7 +157,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
         case TemplateKey::kIdAlbum: return tag.album;
         case TemplateKey::kIdYear: return tag.year;
         case TemplateKey::kIdGenre: return tag.genre;
-        case TemplateKey::kSysDate: return TodayLong();
+        case TemplateKey::kSysDate: return LongDateText(services.today());
         case TemplateKey::kMyHandle: return frmMenu.lblHandle->Caption();
         case TemplateKey::kFileSize: return TrimmedNumber(roundedMb) + "mb";
         case TemplateKey::kFileName: return shortName;
@@ -201,7 +201,7 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   Pause(0.01);
 
   // The selection is still there: the end notice covers every chosen file, sent or skipped.
-  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, recipients, " end: ");
+  if (frmMenu.check(Option::kAutoFoot)) SendNotice(frmMain, frmMenu, services, recipients, " end: ");
   Pause(0.1);
 
   if (frmMenu.check(Option::kSendLater)) {
@@ -226,11 +226,11 @@ void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
   frmMain.picBut2->setEnabled(false);
 }
 
-void ConnectTaggingRun(FrmMain& frmMain, FrmMenu& frmMenu) {
+void ConnectTaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   FrmMain* main = &frmMain;
   FrmMenu* menu = &frmMenu;
   QObject::connect(frmMain.picBut1, &Label::clicked, frmMain.picBut1,
-                   [main, menu] { TaggingRun(*main, *menu); });
+                   [main, menu, &services] { TaggingRun(*main, *menu, services); });
   QObject::connect(frmMain.picBut2, &Label::clicked, frmMain.picBut2,
                    [main] { StopRun(*main); });
 }

@@ -12,10 +12,11 @@ namespace qc {
 
 class FrmMain;
 class FrmMenu;
+struct Services;
 
 // The whole run; returns when the batch is over. A chosen file that has vanished raises the
 // file-not-found failure out of it, which nothing catches.
-void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu);
+void TaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 // Enables picBut1, disables picBut2 and sets picBut1's Tag to "stop", in this order; nothing else.
 void StopRun(FrmMain& frmMain);
@@ -26,6 +27,6 @@ std::string DefaultBodyTemplate();
 std::string BodyClosingLine();
 
 // Binds picBut1's click to TaggingRun and picBut2's click to StopRun.
-void ConnectTaggingRun(FrmMain& frmMain, FrmMenu& frmMenu);
+void ConnectTaggingRun(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 
 }  // namespace qc

@@ -87,10 +87,10 @@ std::string ContactText() {
          "emails with this content will be deleted and not replyed to.";
 }
 
-void ShowHowToUse() { CurrentPrompts().MsgBox(HowToUseText(), kHelpBox, "how to use..."); }
-void ShowMailListTips() { CurrentPrompts().MsgBox(MailListTipsText(), kHelpBox, "tips!"); }
-void ShowSubjectTips() { CurrentPrompts().MsgBox(SubjectTipsText(), kHelpBox, "tips"); }
-void ShowBodyTips() { CurrentPrompts().MsgBox(BodyTipsText(), kHelpBox, "tips"); }
-void ShowContact() { CurrentPrompts().MsgBox(ContactText(), kOkOnly, kProgramTitle); }
+void ShowHowToUse(Prompts& prompts) { prompts.MsgBox(HowToUseText(), kHelpBox, "how to use..."); }
+void ShowMailListTips(Prompts& prompts) { prompts.MsgBox(MailListTipsText(), kHelpBox, "tips!"); }
+void ShowSubjectTips(Prompts& prompts) { prompts.MsgBox(SubjectTipsText(), kHelpBox, "tips"); }
+void ShowBodyTips(Prompts& prompts) { prompts.MsgBox(BodyTipsText(), kHelpBox, "tips"); }
+void ShowContact(Prompts& prompts) { prompts.MsgBox(ContactText(), kOkOnly, kProgramTitle); }
 
 }  // namespace qc

@@ -33,7 +33,8 @@ QString ItemCount(const ListBox* list) { return QString::number(list->EntryCount
 
 }  // namespace
 
-MainSkin::MainSkin(FrmMain& form) : QObject(&form), f_(form) {
+MainSkin::MainSkin(FrmMain& form, DeskSource desk)
+    : QObject(&form), f_(form), desk_(std::move(desk)) {
   setObjectName(QStringLiteral("mainSkin"));
   loadArt();
   placeFace();
@@ -159,14 +160,14 @@ bool MainSkin::eventFilter(QObject* watched, QEvent* event) {
   if (f_.childAt(e->position().toPoint())) return false;
   f_.setCursor(Qt::SizeAllCursor);
   DoEvents();
-  DragAndSnap(&f_);
+  DragAndSnap(&f_, desk_);
   f_.unsetCursor();
   return true;
 }
 
-MainSkin* LoadMainSkin(FrmMain& form) {
+MainSkin* LoadMainSkin(FrmMain& form, const DeskSource& desk) {
   auto* skin = form.findChild<MainSkin*>(QStringLiteral("mainSkin"), Qt::FindDirectChildrenOnly);
-  if (!skin) skin = new MainSkin(form);
+  if (!skin) skin = new MainSkin(form, desk);
   SetTwipsSize(&form, TwipsWidth(form.Picture1), TwipsHeight(form.Picture1));
   ApplySkin(&form, *form.Picture1);
   CenterWindow(&form);

@@ -4,13 +4,13 @@
 #include <string>
 
 #include "base/prompts.h"
+#include "ui/window_routines.h"
 
 class QWidget;
 
 namespace qc {
 
-// Screen positions of the prompts are given in twips; a pixel is 15 twips.
-inline constexpr int kTwipsPerPixel = 15;
+// Screen positions of the prompts are given in twips (kTwipsPerPixel a pixel).
 
 // Every prompt is owned by the window the user is working in, or else by the given owner (the
 // main window), and stands in front of all windows while it runs. Carriage returns in texts

@@ -90,7 +90,8 @@ void Panel3D::paintEvent(QPaintEvent*) {
   }
 }
 
-TitlePanel::TitlePanel(QWidget* parent, const QString& name) : Panel3D(parent, name) {
+TitlePanel::TitlePanel(DeskSource desk, QWidget* parent, const QString& name)
+    : Panel3D(parent, name), desk_(std::move(desk)) {
   setCursor(Qt::SizeAllCursor);
   // The skin's title strip when the program carries it; otherwise the painted face.
   QPixmap strip(QStringLiteral(":/skin/title.png"));
@@ -132,7 +133,7 @@ void TitlePanel::paintEvent(QPaintEvent*) {
 
 void TitlePanel::mousePressEvent(QMouseEvent* e) {
   e->accept();
-  DragAndSnap(window());
+  DragAndSnap(window(), desk_);
 }
 
 Frame3D::Frame3D(const QString& caption, QWidget* parent, const QString& name)
@@ -187,7 +188,8 @@ void Command3D::paintEvent(QPaintEvent*) {
 }
 
 SecondaryWindow::SecondaryWindow(const QString& name, const QString& caption,
-                                 double frameWidthTwips, double frameHeightTwips, QWidget* parent)
+                                 double frameWidthTwips, double frameHeightTwips, DeskSource desk,
+                                 QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint) {
   setObjectName(name);
   setWindowTitle(caption);
@@ -195,7 +197,7 @@ SecondaryWindow::SecondaryWindow(const QString& name, const QString& caption,
   frame_ = new Panel3D(this, QStringLiteral("pnlFrame"));
   frame_->setBevel(Panel3D::Bevel::kRaised, 2);
   SetTwipsGeometry(frame_, 0, 0, frameWidthTwips, frameHeightTwips);
-  title_ = new TitlePanel(frame_);
+  title_ = new TitlePanel(std::move(desk), frame_);
   SetTwipsGeometry(title_, 45, 45, frameWidthTwips - 90, 285);
 }
 

@@ -13,6 +13,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "ui/window_routines.h"
+
 namespace qc {
 
 // The skin's colours: light steel faces with blue-grey accents.
@@ -57,11 +59,15 @@ class Panel3D : public QWidget {
 class TitlePanel : public Panel3D {
   Q_OBJECT
  public:
-  explicit TitlePanel(QWidget* parent = nullptr, const QString& name = QStringLiteral("pnlTitle"));
+  explicit TitlePanel(DeskSource desk, QWidget* parent = nullptr,
+                      const QString& name = QStringLiteral("pnlTitle"));
 
  protected:
   void paintEvent(QPaintEvent*) override;
   void mousePressEvent(QMouseEvent*) override;
+
+ private:
+  DeskSource desk_;
 };
 
 // A frame with a caption that holds other controls.
@@ -95,8 +101,9 @@ class SecondaryWindow : public QWidget {
   Q_OBJECT
  public:
   // The face panel is made at the given size in twips; the window takes its size at Load().
+  // The title panel snaps the window to the edges of `desk`.
   SecondaryWindow(const QString& name, const QString& caption, double frameWidthTwips,
-                  double frameHeightTwips, QWidget* parent = nullptr);
+                  double frameHeightTwips, DeskSource desk, QWidget* parent = nullptr);
 
   Panel3D* pnlFrame() const { return frame_; }
   TitlePanel* pnlTitle() const { return title_; }

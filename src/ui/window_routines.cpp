@@ -78,7 +78,7 @@ void DragWindow(QWidget* window) {
   }
 }
 
-DeskArea CurrentDeskArea() {
+DeskArea PrimaryScreenDesk() {
   DeskArea d;
   d.screenWidth = ScreenWidthTwips();
   d.screenHeight = ScreenHeightTwips();
@@ -107,8 +107,6 @@ TwipsPoint SnapPosition(double left, double top, double width, double height,
   return p;
 }
 
-void SnapToEdges(QWidget* window) { SnapToEdges(window, CurrentDeskArea()); }
-
 void SnapToEdges(QWidget* window, const DeskArea& desk) {
   const TwipsPoint p = SnapPosition(TwipsLeft(window), TwipsTop(window), TwipsWidth(window),
                                     TwipsHeight(window), desk);
@@ -117,9 +115,9 @@ void SnapToEdges(QWidget* window, const DeskArea& desk) {
   if (to != window->pos()) window->move(to);
 }
 
-void DragAndSnap(QWidget* window) {
+void DragAndSnap(QWidget* window, const DeskSource& desk) {
   DragWindow(window);
-  SnapToEdges(window);
+  SnapToEdges(window, desk());
 }
 
 void PopupUnder(QMenu* menu, const QWidget* control, QWidget* window) {

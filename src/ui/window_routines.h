@@ -5,6 +5,8 @@
 // screens, so one logical pixel is always a 96-dpi pixel: 15 twips.
 // Positions of top-level windows count from the primary screen's top-left corner, like the
 // platform's screen object; positions of child controls count from their parent.
+#include <functional>
+
 class QMenu;
 class QWidget;
 
@@ -49,9 +51,11 @@ struct DeskArea {
   double screenHeight = 0;
   int taskBarTopPixels = 0;
 };
-// The primary screen; the task bar is what the window manager keeps off the screen's bottom
+// The primary screen's; the task bar is what the window manager keeps off the screen's bottom
 // (its available geometry), so a bar on another edge counts as none.
-DeskArea CurrentDeskArea();
+DeskArea PrimaryScreenDesk();
+// Where the desk is asked at the moment of a snap.
+using DeskSource = std::function<DeskArea()>;
 
 struct TwipsPoint {
   double left = 0;
@@ -61,11 +65,11 @@ struct TwipsPoint {
 // The bottom limit is a rough estimate that mixes pixels of the task bar with twips, on purpose.
 TwipsPoint SnapPosition(double left, double top, double width, double height, const DeskArea& desk);
 
-void SnapToEdges(QWidget* window);
 void SnapToEdges(QWidget* window, const DeskArea& desk);
 
-// DragWindow, then SnapToEdges. Every title panel moves its window with this.
-void DragAndSnap(QWidget* window);
+// DragWindow, then SnapToEdges on the desk as it is then. Every title panel moves its window
+// with this.
+void DragAndSnap(QWidget* window, const DeskSource& desk);
 
 // Shows the popup at the control's left and 15 twips below its bottom edge, both in the
 // window's coordinates, and returns once the menu is closed.

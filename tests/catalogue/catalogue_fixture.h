@@ -21,7 +21,7 @@ class CatalogueTest : public SandboxTest {
  protected:
   CatalogueTest() {
     std::filesystem::create_directories(folder_);
-    ConnectCatalogue(main, menu2);
+    ConnectCatalogue(main, menu2, services);
   }
 
   // A file of `size` bytes whose last 128 are `tail` (no tag when tail is empty).
@@ -34,7 +34,7 @@ class CatalogueTest : public SandboxTest {
   // Chooses the folder through the scripted folder chooser.
   void Choose(const std::string& folder) {
     prompts.folderAnswers.push_back(folder);
-    ChooseFolder(main);
+    ChooseFolder(main, prompts);
   }
   void Select(std::initializer_list<int> rows) {
     for (int r : rows) main.lstMp3->SetSelected(r, true);

@@ -183,9 +183,9 @@ TEST_F(CatalogueTest, ClearAsksAndEmptiesOnlyTheFolderLists) {
   Mp3("a.mp3", "");
   AddAll();
   prompts.boxAnswers = {kAnswerNo, kAnswerYes};
-  ClearFolderList(main);
+  ClearFolderList(main, prompts);
   EXPECT_EQ(main.lstMp3->ListCount(), 1);
-  ClearFolderList(main);
+  ClearFolderList(main, prompts);
   EXPECT_EQ(main.lstMp3->ListCount() + main.lstPaths->ListCount(), 0);
   EXPECT_EQ(main.lstUp->ListCount(), 1);
   ExpectBox(prompts, 1, "Are you sure you want to clear this list?", 4100, "Clear");

@@ -294,7 +294,6 @@ class Play {
   std::vector<std::string> typed;
 
   ~Play() {
-    SetWindowSystem(nullptr);
     chat.reset();
     im.reset();
     mail.reset();
@@ -395,9 +394,9 @@ class Play {
            std::string text = w.at(2);
            bool tail = w.at(3) == "tail";
            bool cut = w.at(4) == "cut";
-           ChatSend(text, tail, cut);
+           ChatSend(ws, text, tail, cut);
          }},
-        {"CountsBlock", [&] { SendChatBlock([&] { return CountsLine(w.at(2), ups, sizeText); }); }},
+        {"CountsBlock", [&] { SendChatBlock(ws, [&] { return CountsLine(w.at(2), ups, sizeText); }); }},
     };
     auto it = routines.find(w.at(1));
     ASSERT_NE(it, routines.end()) << "unknown routine " << w.at(1);
@@ -438,7 +437,6 @@ class Play {
 };
 
 void Play::Go(const Scenario& s, const std::string& clientLine) {
-  SetWindowSystem(&d);
   Words run;
   Setup(Split(clientLine));
   for (const std::string& line : s.setup) {

@@ -56,7 +56,7 @@ TEST_F(MailListTest, EntryTableForBothBoxes) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.entry);
-    FrmEmailto w;
+    FrmEmailto w(services);
     w.lstMember->AddItem("old");
     w.lstUpload->AddItem("old");
     const int failure = FailureNumberOf([&] { Enter(w.txtMember, row.entry); });
@@ -78,7 +78,7 @@ TEST_F(MailListTest, EntryTableForBothBoxes) {
 
 TEST_F(MailListTest, DuplicatesCompareExactlyAndOnlyEnterStartsTheEntry) {
   WriteBytes(member, "Bob\r\n");
-  FrmEmailto w;
+  FrmEmailto w(services);
   Enter(w.txtMember, "bob");
   EXPECT_EQ(w.lstMember->Items(), (Items{"Bob", "bob"}));
   EXPECT_EQ(w.lstMember->ListIndex(), 1);
@@ -94,7 +94,7 @@ TEST_F(MailListTest, DuplicatesCompareExactlyAndOnlyEnterStartsTheEntry) {
 }
 
 TEST_F(MailListTest, PastedLineBreaksPerBox) {
-  FrmEmailto w;
+  FrmEmailto w(services);
   // Member: a carriage return starts the clean-up of both; a lone line feed stays.
   w.txtMember->InsertRaw("ab\r\ncd");
   EXPECT_EQ(w.txtMember->text(), QString("abcd"));
@@ -112,7 +112,7 @@ TEST_F(MailListTest, PastedLineBreaksPerBox) {
 }
 
 TEST_F(MailListTest, OptionButtonsMoveTheFrames) {
-  FrmEmailto w;
+  FrmEmailto w(services);
   EXPECT_TRUE(w.optMember->isChecked());
   for (bool toMember : {false, true}) {
     (toMember ? w.optMember : w.optUpload)->click();
@@ -135,7 +135,7 @@ TEST_F(MailListTest, OptionButtonsMoveTheFrames) {
 }
 
 TEST_F(MailListTest, PopupCommandsOnTheActiveList) {
-  FrmEmailto w;
+  FrmEmailto w(services);
   for (const char* a : {"a", "b", "c", "d", "e"}) w.lstUpload->AddItem(a);
   w.lstMember->AddItem("m");
   w.optUpload->click();
@@ -161,7 +161,7 @@ TEST_F(MailListTest, PopupCommandsOnTheActiveList) {
 
 TEST_F(MailListTest, FilesReadAtLoadAndWrittenOnlyOnSaveAndExit) {
   WriteBytes(member, "one\r\ntwo,three\r\n\"four\"\r\n");
-  auto* w = new FrmEmailto();
+  auto* w = new FrmEmailto(services);
   EXPECT_EQ(w->lstMember->Items(), (Items{"one", "two", "three", "four"}));
   EXPECT_EQ(w->lstUpload->ListCount(), 0);  // missing file: empty list
   Enter(w->txtMember, "five");
@@ -175,7 +175,7 @@ TEST_F(MailListTest, FilesReadAtLoadAndWrittenOnlyOnSaveAndExit) {
   EXPECT_EQ(ReadBytes(member), "one\r\ntwo\r\nthree\r\nfour\r\nfive\r\n");
   EXPECT_EQ(ReadBytes(upload), "up1\r\nup2\r\n");
   // The next opening reads the files again; an emptied list saves an empty file.
-  FrmEmailto again;
+  FrmEmailto again(services);
   EXPECT_EQ(again.lstUpload->Items(), (Items{"up1", "up2"}));
   again.optUpload->click();
   again.RemoveAll();
@@ -194,7 +194,7 @@ TEST_F(MailListTest, FullBoxCommandRemovesTheReportedAddressesFromTheActiveListO
   WriteBytes(upload, "ann\r\nbob\r\ncy\r\ndee\r\n");
   WriteBytes(member, "bob\r\n");
   FrmMenu menu;
-  ConnectMailEditors(menu);
+  ConnectMailEditors(menu, services);
   menu.editmailform->trigger();
   FrmEmailto* w = MailListEditor();
   ASSERT_NE(w, nullptr);
@@ -215,7 +215,7 @@ TEST_F(MailListTest, FullBoxCommandRemovesTheReportedAddressesFromTheActiveListO
 TEST_F(MailListTest, FullBoxCommandOnAListSwitchedDuringTheWait) {
   StartClient(5);
   mail->MarkFull("bob");
-  FrmEmailto w;
+  FrmEmailto w(services);
   for (const char* a : {"bob", "ann"}) w.lstMember->AddItem(a);
   for (const char* a : {"cy", "bob"}) w.lstUpload->AddItem(a);
   // The probe goes to the member list; the user brings the upload list to the front meanwhile,
@@ -242,7 +242,7 @@ TEST_F(MailListTest, FullBoxCommandWithNothingFullOrOnGenerationTwo) {
   for (auto [generation, quits] : {std::pair{5, false}, {5, true}, {2, false}}) {
     prompts.boxes.clear();
     StartClient(generation);
-    FrmEmailto w;
+    FrmEmailto w(services);
     w.lstMember->AddItem("ann");
     const PumpHookId quit = AddPumpHook([&, quits = quits] {
       if (quits && client->Running() && !client->EventDetails(sim::kEventMailDiscarded).empty())

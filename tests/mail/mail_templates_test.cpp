@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "mail/mail_editors.h"
-#include "run/run_drivers.h"
+#include "client/run_drivers.h"
 #include "run/run_rig.h"
 #include "run/tagging_run.h"
 #include "ui/frmmenu.h"
@@ -33,7 +33,7 @@ class TemplateTest : public SandboxTest {
 };
 
 TEST_F(TemplateTest, SubjectFromTheStoreWithItsLetterCount) {
-  auto* w = new FrmSubject();
+  auto* w = new FrmSubject(services);
   EXPECT_EQ(w->windowTitle(), QString("edit subject line"));
   EXPECT_EQ(w->txtSubj->text().toStdString(),
             "\u00B7\u2022 \u00F3mbreval\u00E8 \u2022\u00B7[idArtist$]-idTitle$");
@@ -47,12 +47,12 @@ TEST_F(TemplateTest, SubjectFromTheStoreWithItsLetterCount) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   // The empty template is stored, and the default no longer applies.
   EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "");
-  FrmSubject again;
+  FrmSubject again(services);
   EXPECT_EQ(again.txtSubj->text(), QString());
 }
 
 TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
-  auto* w = new FrmBody();
+  auto* w = new FrmBody(services);
   EXPECT_EQ(w->windowTitle(), QString("edit body"));
   // Opening alone creates the file.
   EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");
@@ -62,20 +62,20 @@ TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
   Close(w);
   EXPECT_EQ(ReadBytes(bodyFile), "\r\n");
   // The next opening finds no text and writes the default over it.
-  w = new FrmBody();
+  w = new FrmBody(services);
   EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");
   w->txtBody->setPlainText("line one\nline two");
   EXPECT_EQ(ReadBytes(bodyFile), kDefaultBody + "\r\n");  // not before save & exit
   w->cmdExit->click();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(ReadBytes(bodyFile), "line one\r\nline two\r\n");
-  FrmBody kept;
+  FrmBody kept(services);
   EXPECT_EQ(kept.txtBody->toPlainText(), QString("line one\nline two"));
 }
 
 TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
   FrmMenu menu;
-  ConnectMailEditors(menu);
+  ConnectMailEditors(menu, services);
   menu.editSubject->trigger();
   FrmSubject* subject = SubjectEditor();
   ASSERT_NE(subject, nullptr);
@@ -121,7 +121,7 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
 
 TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
   FrmMenu menu;
-  ConnectMailEditors(menu);
+  ConnectMailEditors(menu, services);
   menu.editmailform->trigger();
   FrmEmailto* lists = MailListEditor();
   ASSERT_NE(lists, nullptr);
@@ -166,7 +166,7 @@ TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
 
 TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
   {
-    FrmHead w;
+    FrmHead w(services);
     EXPECT_EQ(w.asciiFront->text().toStdString(), "\u00B7\u2022(`(`\u00B7");
     EXPECT_EQ(w.asciiBack->text().toStdString(), "\u00B7\u00B4)\u00B4)\u2022\u00B7");
     EXPECT_EQ(w.SSCommand1->text(), QString("save && exit"));
@@ -177,7 +177,7 @@ TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
   }
   EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", ""), "\u2022\u00B4\u00B7");
   EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii2", "none"), "");
-  FrmHead w;
+  FrmHead w(services);
   EXPECT_EQ(w.asciiFront->text().toStdString(), "\u2022\u00B4\u00B7");
   EXPECT_EQ(w.asciiBack->text(), QString());
 }
@@ -190,7 +190,7 @@ class EditorsAndRun : public RunRig {
     std::string subject, body;
   };
   EditorsAndRun() {
-    RunDrivers d;
+    RunDrivers& d = services.drivers;  // entries left alone stay the real ones
     d.clientScreenName = [] { return std::string("Brindle Rose"); };
     d.clientVersion = [] { return static_cast<std::int16_t>(5); };
     d.checkFullBoxes = [](AddressList&) {};
@@ -201,28 +201,24 @@ class EditorsAndRun : public RunRig {
     };
     d.sendNoticeMail50 = [this](const std::string&, const std::string& subject,
                                 const std::string& body) { notices.push_back({subject, body}); };
-    drivers_ = std::make_unique<ScopedRunDrivers>(std::move(d));
   }
   void Run() {
     PumpBudget budget(1000000);
-    TaggingRun(frm, menu);
+    TaggingRun(frm, menu, services);
   }
   std::vector<Mail> files, notices;
   std::function<void()> onFile;
-
- private:
-  std::unique_ptr<ScopedRunDrivers> drivers_;
 };
 
 TEST_F(EditorsAndRun, EmptiedBodyGivesTheFallbackAndASaveDuringTheRunReachesTheNextMail) {
-  auto* body = new FrmBody();
+  auto* body = new FrmBody(services);
   body->txtBody->clear();
   Close(body);
   for (const char* name : {"one.mp3", "two.mp3", "three.mp3"}) Choose(name, 10000, name);
   onFile = [this] {
     // While the first mail goes out the user saves a new body.
     if (files.size() != 1) return;
-    auto* w = new FrmBody();
+    auto* w = new FrmBody(services);
     w->txtBody->setPlainText("by idArtist$");
     Close(w);
   };
@@ -236,7 +232,7 @@ TEST_F(EditorsAndRun, EmptiedBodyGivesTheFallbackAndASaveDuringTheRunReachesTheN
 TEST_F(EditorsAndRun, DecorationFromTheEditorFramesTheNextNotice) {
   Check({"autohead", "autofoot"});
   for (const char* front : {"\u00B7\u2022", ""}) {
-    auto* head = new FrmHead();
+    auto* head = new FrmHead(services);
     head->asciiFront->setText(QString::fromUtf8(front));
     head->asciiBack->setText(QString::fromUtf8(front[0] ? "\u00B4\u00B7" : ""));
     Close(head);

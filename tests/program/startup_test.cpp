@@ -22,8 +22,7 @@ struct ProgramEnded {};
 
 class StartupTest : public SandboxTest {
  protected:
-  StartupTest() { SetExitHook([] { throw ProgramEnded{}; }); }
-  ~StartupTest() override { SetExitHook({}); }
+  StartupTest() { services.endProgram = [](int) { throw ProgramEnded{}; }; }
   static std::string Stored(const std::string& key) {
     return GetSetting(kAppName, kOptionsSection, key, "<none>");
   }
@@ -43,7 +42,7 @@ TEST_F(StartupTest, FirstStartWithEmptyStoreGivesDefaults) {
   // Set everything the other way first, so that the defaults must come from the store.
   for (const char* item : kOptionItems) frmMenu.setCheck(item, std::string(item) == "renamecomment");
   frmMain.lblMBs->setText("99");
-  RestoreUserSettings(frmMain, frmMenu);
+  RestoreUserSettings(frmMain, frmMenu, services);
   for (const char* item : kOptionItems)
     EXPECT_EQ(frmMenu.check(item), std::string(item) != "renamecomment") << item;
   EXPECT_EQ(frmMain.lblUps->Caption() + frmMain.lblMBs->Caption(), "00");
@@ -51,11 +50,11 @@ TEST_F(StartupTest, FirstStartWithEmptyStoreGivesDefaults) {
 }
 
 TEST_F(StartupTest, NoClientGivesEmptyHandleWhichStandsOnceSaved) {
-  RestoreUserSettings(frmMain, frmMenu);
+  RestoreUserSettings(frmMain, frmMenu, services);
   EXPECT_EQ(Names(), "|uploaded by |&handle []");
   SaveUserSettings(frmMain, frmMenu);
   StartClient(5);
-  RestoreUserSettings(frmMain, frmMenu);
+  RestoreUserSettings(frmMain, frmMenu, services);
   EXPECT_EQ(Names(), "|uploaded by |&handle []");
 }
 
@@ -64,7 +63,7 @@ TEST_F(StartupTest, StoredFlagValuesAndValuesAsTheyStand) {
        {std::pair{"0", false}, std::pair{"7", true}, std::pair{"1", true}, std::pair{"x", false}}) {
     SaveSetting(kAppName, kOptionsSection, FlagKey("autohead"), stored);
     SaveSetting(kAppName, kOptionsSection, FlagKey("renamecomment"), stored);
-    RestoreUserSettings(frmMain, frmMenu);
+    RestoreUserSettings(frmMain, frmMenu, services);
     EXPECT_EQ(frmMenu.check("autohead"), checked) << stored;
     EXPECT_EQ(frmMenu.check("renamecomment"), checked) << stored;
   }
@@ -72,13 +71,13 @@ TEST_F(StartupTest, StoredFlagValuesAndValuesAsTheyStand) {
   SaveSetting(kAppName, kOptionsSection, "mbs", "12.50");
   SaveSetting(kAppName, kOptionsSection, "ups", "abc");
   SaveSetting(kAppName, kOptionsSection, "handle", "  dj Quill ");
-  RestoreUserSettings(frmMain, frmMenu);
+  RestoreUserSettings(frmMain, frmMenu, services);
   EXPECT_EQ(frmMain.lblUps->Caption() + " " + frmMain.lblMBs->Caption(), "abc 12.50");
   EXPECT_EQ(frmMenu.userHandle->text().toStdString(), "&handle [  dj Quill ]");
 }
 
 TEST_F(StartupTest, TogglesPersistAcrossARestart) {
-  RestoreUserSettings(frmMain, frmMenu);
+  RestoreUserSettings(frmMain, frmMenu, services);
   // A toggle flips its own check mark, nothing more.
   frmMenu.bbcemail->trigger();
   frmMenu.renamecomment->trigger();
@@ -88,14 +87,14 @@ TEST_F(StartupTest, TogglesPersistAcrossARestart) {
   frmMenu.lblRename->setText("ripped by quill");
   frmMain.lblMBs->setText("3.5");
   frmMain.lblUps->setText("2");
-  EXPECT_THROW(ExitProgram(frmMain, frmMenu), ProgramEnded);
+  EXPECT_THROW(ExitProgram(frmMain, frmMenu, services), ProgramEnded);
   for (const char* item : kOptionItems)
     EXPECT_EQ(Stored(FlagKey(item)), std::string(item) != "bbcemail" ? "1" : "0") << item;
   EXPECT_EQ(Stored("mbs") + Stored("ups") + Stored("handle") + Stored("rename"),
             "3.52quillripped by quill");
   FrmMain main2;
   FrmMenu menu2;
-  RestoreUserSettings(main2, menu2);
+  RestoreUserSettings(main2, menu2, services);
   EXPECT_FALSE(menu2.check("bbcemail"));
   EXPECT_TRUE(menu2.check("renamecomment"));
   EXPECT_TRUE(menu2.check("memberlst"));
@@ -113,7 +112,7 @@ TEST_F(StartupTest, WarningOnlyForGenerationsTwoAndFourBeforeAnythingShows) {
       StopClient();
     }
     const bool warns = generation == 2 || generation == 4;
-    EXPECT_EQ(WarnOnClientGeneration(), warns) << generation;
+    EXPECT_EQ(WarnOnClientGeneration(services), warns) << generation;
     if (warns) {
       ExpectBox(prompts, 0, kGenerationWarningText, 4160, "Warning:");
     } else {
@@ -141,7 +140,8 @@ TEST_F(StartupTest, WarningComesBeforeTheSplashShows) {
   StartClient(4);
   SplashWatcher watcher;
   FrmMenu2 menu2;
-  auto* start = new FrmStart({&frmMain, &frmMenu, &menu2});
+  const Services asked{.windows = desktop, .prompts = watcher};
+  auto* start = new FrmStart({&frmMain, &frmMenu, &menu2}, asked);
   watcher.splash = start;
   start->Open();
   ASSERT_EQ(watcher.boxes.size(), 1u);
@@ -168,7 +168,7 @@ TEST_F(StartupTest, VersionLabelSlidesFromOutsideToFiftySevenTwentyFive) {
 
 TEST_F(StartupTest, NoneOfTheVersionShowsBeforeTheSlide) {
   FrmMenu2 menu2;
-  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2});
+  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2}, services);
   start->Open();
   start->tmrLoad->stop();
   const Label& label = *start->lblVersion;
@@ -183,7 +183,7 @@ TEST_F(StartupTest, WholeLoadFromSplashToMainWindowGreetsTheRoomFirst) {
   const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
   SaveSetting(kAppName, kOptionsSection, FlagKey("sendlater"), "0");
   FrmMenu2 menu2;
-  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2});
+  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2}, services);
   EXPECT_EQ(start->lblVersion->text(), "version qc23e");
   EXPECT_EQ(start->tmrLoad->interval(), 500);
   bool loaded = false;
@@ -233,7 +233,7 @@ TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
   });
   {
     PumpBudget budget(100000);
-    EXPECT_THROW(ExitProgram(frmMain, frmMenu), ProgramEnded);
+    EXPECT_THROW(ExitProgram(frmMain, frmMenu, services), ProgramEnded);
   }
   RemovePumpHook(hook);
   EXPECT_FALSE(visibleDuringGoodbye);
@@ -248,8 +248,7 @@ TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
 // with the totals counted so far saved and nothing cleared.
 class ExitInRun : public RunRig {
  protected:
-  ExitInRun() { SetExitHook([] { throw ProgramEnded{}; }); }
-  ~ExitInRun() override { SetExitHook({}); }
+  ExitInRun() { services.endProgram = [](int) { throw ProgramEnded{}; }; }
 };
 
 TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
@@ -265,7 +264,7 @@ TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
   const PumpHookId hook = AddPumpHook([&] {
     if (!pressed && frm.lblUps->Caption() == "11") {
       pressed = true;
-      ExitProgram(frm, menu);
+      ExitProgram(frm, menu, services);
     }
   });
   bool runReturned = false;
@@ -273,7 +272,7 @@ TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
     PumpBudget budget(3000000);
     EXPECT_THROW(
         {
-          TaggingRun(frm, menu);
+          TaggingRun(frm, menu, services);
           runReturned = true;
         },
         ProgramEnded);

@@ -42,9 +42,9 @@ class ChatTest : public SandboxTest {
     desktop.ClearTrace();
     return out;
   }
-  static void Send(std::string text, bool tail = true, bool cut = false) {
+  void Send(std::string text, bool tail = true, bool cut = false) {
     PumpBudget budget(5000);
-    ChatSend(text, tail, cut);
+    ChatSend(desktop, text, tail, cut);
   }
 
   sim::SimClient chatClient{desktop};
@@ -54,7 +54,7 @@ class ChatTest : public SandboxTest {
 
 TEST_F(ChatTest, BlocksReachTheRoomByteExactAndTheUsersTypingSurvives) {
   struct Case {
-    void (*send)(const FrmMain&);
+    void (*send)(const FrmMain&, WindowSystem&);
     const char* ups;
     const char* mbs;
     std::string line2;
@@ -70,7 +70,7 @@ TEST_F(ChatTest, BlocksReachTheRoomByteExactAndTheUsersTypingSurvives) {
     chat.Type(room, "half typ");
     {
       PumpBudget budget(20000);
-      c.send(f);
+      c.send(f, desktop);
     }
     EXPECT_EQ(chat.Transcript(room),
               (Lines{kLine1 + kTail, kLine2Head + c.line2 + kTail, kLine3 + kTail}));
@@ -90,7 +90,7 @@ TEST_F(ChatTest, TheCountsLineIsBuiltOnceTheFirstLineHasGone) {
   });
   {
     PumpBudget budget(20000);
-    BragStats(f);
+    BragStats(f, desktop);
   }
   RemovePumpHook(counted);
   ASSERT_EQ(chat.Transcript(room).size(), 3u);
@@ -101,10 +101,10 @@ TEST_F(ChatTest, ScrollFormsDifferByOneMarkAndSayNoneWithoutATransfer) {
   const Hwnd room = chat.OpenRoom("Lobby");
   {
     PumpBudget budget(20000);
-    ScrollStats(false);
+    ScrollStats(desktop, false);
     chat.StartTransfer("Song Name.MP3", "45", "1.25");
-    ScrollStats(false);
-    ScrollStats(true);
+    ScrollStats(desktop, false);
+    ScrollStats(desktop, true);
   }
   const Lines t = chat.Transcript(room);
   ASSERT_EQ(t.size(), 9u);
@@ -159,7 +159,7 @@ TEST_F(ChatTest, CutAtNinetyTwoCharactersBeforeTheTail) {
     bool cut = c.cut;
     {
       PumpBudget budget(5000);
-      ChatSend(text, tail, cut);
+      ChatSend(desktop, text, tail, cut);
     }
     EXPECT_EQ(chat.Transcript(room).back(), std::string(c.sent, 'a') + kTail) << c.length;
     EXPECT_EQ(text, std::string(c.sent, 'a') + kTail) << "the caller's text is changed";
@@ -180,20 +180,20 @@ TEST_F(ChatTest, RoomSearchAndWhereNothingIsSent) {
   chatClient.AddControl(other, "RICHCNTL");
   chatClient.AddControl(other, "_AOL_Icon");
   chatClient.AddControl(other, "_AOL_Listbox");  // no static, no combo, no view
-  EXPECT_EQ(FindChatRoom(), b);
+  EXPECT_EQ(FindChatRoom(desktop), b);
   const Hwnd room = chat.OpenRoom("Room A", RoomForm::kA, RoomInput::kAolEdit);
-  EXPECT_EQ(FindChatRoom(), room);
+  EXPECT_EQ(FindChatRoom(desktop), room);
   desktop.ClearTrace();
   Send("");
   EXPECT_TRUE(SetTexts(chat.Input(room)).empty());
   // The user's own room in front hides the room behind it (compared without case).
   const Hwnd own = chat.OpenRoom("BRINDLE ROSE's Room");
-  EXPECT_EQ(FindChatRoom(), 0);
+  EXPECT_EQ(FindChatRoom(desktop), 0);
   Send("lost");
   EXPECT_TRUE(chat.Transcript(room).empty());
   EXPECT_TRUE(chat.Transcript(own).empty());
   desktop.BringToTop(room);
-  EXPECT_EQ(FindChatRoom(), room);
+  EXPECT_EQ(FindChatRoom(desktop), room);
 }
 
 TEST_F(ChatTest, ARoomThatNeverTakesTheLineKeepsTheSenderWaiting) {
@@ -202,11 +202,11 @@ TEST_F(ChatTest, ARoomThatNeverTakesTheLineKeepsTheSenderWaiting) {
   bool tail = false;
   bool cut = false;
   PumpBudget budget(3000);
-  EXPECT_THROW(ChatSend(text, tail, cut), BudgetExhausted);
+  EXPECT_THROW(ChatSend(desktop, text, tail, cut), BudgetExhausted);
 }
 
 TEST_F(ChatTest, TransferStatusFromTheWindowsTexts) {
-  EXPECT_EQ(ReadTransferStatus(), (TransferStatus{"none", "none", "none"}));
+  EXPECT_EQ(ReadTransferStatus(desktop), (TransferStatus{"none", "none", "none"}));
   struct Case {
     const char* title;
     const char* fileLine;
@@ -231,7 +231,7 @@ TEST_F(ChatTest, TransferStatusFromTheWindowsTexts) {
     SCOPED_TRACE(std::string(c.title) + " | " + c.fileLine + " | " + c.amountLine);
     chat.SetTransferTexts(c.title, c.fileLine, c.amountLine);
     TransferStatus got;
-    EXPECT_EQ(FailureNumberOf([&] { got = ReadTransferStatus(); }), c.failure);
+    EXPECT_EQ(FailureNumberOf([&] { got = ReadTransferStatus(desktop); }), c.failure);
     if (!c.failure) {
       EXPECT_EQ(got, c.expected);
     }
@@ -239,16 +239,16 @@ TEST_F(ChatTest, TransferStatusFromTheWindowsTexts) {
 }
 
 TEST_F(ChatTest, UpchatHidesAndMinimisesThenRestoresOrComplains) {
-  UpchatOn();
-  UpchatOff();
+  UpchatOn(desktop, prompts);
+  UpchatOff(desktop, prompts);
   for (std::size_t i : {0u, 1u}) ExpectBox(prompts, i, "file transfer window not found", 4112, "error: ");
   const Hwnd modal = chat.StartTransfer("song.mp3");
   desktop.ClearTrace();
-  UpchatOn();
+  UpchatOn(desktop, prompts);
   EXPECT_EQ(Shows(), (Lines{"0", "6"}));
-  UpchatOn();  // the same window again: still minimised
+  UpchatOn(desktop, prompts);  // the same window again: still minimised
   EXPECT_EQ(Shows(), (Lines{"0", "6"}));
-  UpchatOff();
+  UpchatOff(desktop, prompts);
   EXPECT_EQ(Shows(), (Lines{"0", "9"}));
   EXPECT_TRUE(desktop.Visible(modal));
   EXPECT_EQ(prompts.boxes.size(), 2u);
@@ -259,7 +259,7 @@ TEST(ShowMessage, AlwaysSystemModal) {
   std::string text = "t";
   int flags = 64;
   std::string title = "x";
-  ShowMessage(text, flags, title);
+  ShowMessage(prompts, text, flags, title);
   ExpectBox(prompts, 0, "t", 64 + 4096, "x");
   EXPECT_EQ(flags, 64);
 }
@@ -268,7 +268,7 @@ TEST_F(ChatTest, MenuItemsAndButtonsReachTheirRoutines) {
   FrmMenu m;
   f.lblUps->SetCaption("7");
   f.lblMBs->SetCaption("1.5");
-  ConnectChatTools(f, m);
+  ConnectChatTools(f, m, services);
   const Hwnd room = chat.OpenRoom("Lobby");
   chat.StartTransfer("a.mp3", "10", "0.34");
   PumpBudget budget(50000);
@@ -295,7 +295,7 @@ TEST(ChatToolsMenu, ImsAndGhostFollowTheClientsGeneration) {
     sim::SimIm im(box.StartClient(generation));
     FrmMain f;
     FrmMenu m;
-    ConnectChatTools(f, m);
+    ConnectChatTools(f, m, box.services);
     {
       PumpBudget budget(50000);
       m.imzzoff->trigger();

@@ -32,7 +32,7 @@ class ClientRun : public RunRig {
  protected:
   void Run() {
     PumpBudget budget(3000000);
-    TaggingRun(frm, menu);
+    TaggingRun(frm, menu, services);
     Settle();
   }
   std::vector<std::string> Events(const std::string& kind) const {
@@ -113,7 +113,7 @@ TEST_F(ClientRun, EachGenerationWithAndWithoutSendLater) {
     const std::string two = c.files == 2 ? Choose("two.mp3", 500000, "two") : "";
     Check({"autohead", "autofoot"}, c.notices);
     menu.setCheck("sendlater", c.sendLater);
-    const std::string log = CompileRunLog(frm);
+    const std::string log = CompileRunLog(frm, services.today());
     Run();
     EXPECT_EQ(mail->Outgoing(), c.outgoing(one, two, log));
     Mails open;
@@ -195,7 +195,7 @@ TEST_F(ClientRun, StopClickedWhileTheFirstMailIsWrittenEndsAfterThatFile) {
   Choose("two.mp3", 1000000, "two");
   Choose("three.mp3", 1000000, "three");
   Check({"sendlater", "autofoot"});
-  ConnectTaggingRun(frm, menu);
+  ConnectTaggingRun(frm, menu, services);
   PumpHookId hook = AddPumpHook([&] {
     if (!mail->MailWindows().empty() && frm.picBut2->isEnabled()) emit frm.picBut2->clicked();
   });
@@ -221,7 +221,7 @@ TEST_F(ClientRun, WithoutAClientTheRunWaitsInTheGenerationThreeDriverForEver) {
   EXPECT_THROW(
       {
         PumpBudget budget(20000);
-        TaggingRun(frm, menu);
+        TaggingRun(frm, menu, services);
       },
       BudgetExhausted);
   RemovePumpHook(hook);

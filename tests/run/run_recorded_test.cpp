@@ -8,7 +8,7 @@
 
 #include "base/failure.h"
 #include "base/pump.h"
-#include "run/run_drivers.h"
+#include "client/run_drivers.h"
 #include "run/runlog.h"
 #include "run/tagging_run.h"
 #include "run_rig.h"
@@ -37,7 +37,7 @@ std::string DefaultBody(const TagFields& t, const std::string& size, const std::
 class RecordedRun : public RunRig {
  protected:
   RecordedRun() {
-    RunDrivers d;
+    RunDrivers& d = services.drivers;
     d.clientScreenName = [] { return std::string("Brindle Rose"); };
     d.clientVersion = [this] {
       ++versionAsks;
@@ -68,12 +68,11 @@ class RecordedRun : public RunRig {
       calls.push_back({"toolbar", "", std::to_string(icon) + "," + std::to_string(down)});
     };
     d.openOutgoingMail40 = [this] { calls.push_back({"outgoing40"}); };
-    drivers_ = std::make_unique<ScopedRunDrivers>(std::move(d));
   }
 
   void Run() {
     PumpBudget budget(1000000);
-    TaggingRun(frm, menu);
+    TaggingRun(frm, menu, services);
   }
   std::vector<std::string> Kinds() const {
     std::vector<std::string> out;
@@ -93,9 +92,6 @@ class RecordedRun : public RunRig {
   int filesSent = 0;
   std::vector<Call> calls;
   std::function<void(int)> onFile;
-
- private:
-  std::unique_ptr<ScopedRunDrivers> drivers_;
 };
 
 TEST_F(RecordedRun, EmptySelectionShowsTheErrorAndChangesNothing) {
@@ -231,7 +227,7 @@ TEST_F(RecordedRun, NoticesAndOutgoingMailPerGeneration) {
     Choose("one.mp3", 1500000, "One");
     Choose("two.mp3", 500000, "Two");
     Check({"autohead", "autofoot", "sendlater"});
-    const std::string log = CompileRunLog(frm);
+    const std::string log = CompileRunLog(frm, services.today());
     Run();
     ASSERT_EQ(Kinds(), c.kinds);
     EXPECT_EQ(frm.Label1->text().toStdString(), "2 ups : 2 mb");
@@ -268,7 +264,7 @@ TEST_F(RecordedRun, StopSkipsTheRestButTheEndNoticeCoversAll) {
     onFile = [&](int n) {
       if (n == c.stopAt) StopRun(frm);
     };
-    const std::string log = CompileRunLog(frm);
+    const std::string log = CompileRunLog(frm, services.today());
     Run();
     ASSERT_EQ(Kinds(), c.kinds);
     EXPECT_NE(calls[c.stopAt].subject.find(" end: brindle 3mb "), std::string::npos);
@@ -355,7 +351,7 @@ class NestedRun : public RecordedRun {
       hook_ = AddPumpHook([this] {
         if (!pressed_ && frm.picBut1->isEnabled()) {
           pressed_ = true;
-          TaggingRun(frm, menu);
+          TaggingRun(frm, menu, services);
         }
       });
     };
@@ -392,7 +388,7 @@ TEST_F(NestedRun, OuterRunOnTheEmptiedListsEndsTheProgram) {
 }
 
 TEST_F(RecordedRun, PictureButtonsStartAndStop) {
-  ConnectTaggingRun(frm, menu);
+  ConnectTaggingRun(frm, menu, services);
   emit frm.picBut1->clicked();
   ASSERT_EQ(prompts.boxes.size(), 1u);
   frm.picBut2->setEnabled(true);

@@ -1,12 +1,11 @@
 #pragma once
 // A main window and its option menu in the sandbox, every option off, the handle and comment set,
-// today fixed, and helpers that choose files (with a tag block when fields are given).
+// and helpers that choose files (with a tag block when fields are given).
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "codec/id3v1.h"
-#include "run/dates.h"
 #include "run/stats.h"
 #include "support/sandbox.h"
 #include "text/text_files.h"
@@ -27,7 +26,7 @@ class RunRig : public SandboxTest {
     for (const char* item : kOptionItems) menu.setCheck(item, false);
     menu.lblHandle->SetCaption("brindle");
     menu.lblRename->SetCaption("renamed comment");
-    ConnectStats(frm, menu);
+    ConnectStats(frm, menu, services);
   }
 
   std::string Choose(const std::string& name, std::int64_t bytes, const std::string& subject,
@@ -51,7 +50,6 @@ class RunRig : public SandboxTest {
     for (const char* item : items) menu.setCheck(item, on);
   }
 
-  ScopedToday today{{1999, 1, 1}};  // a Friday
   FrmMain frm;
   FrmMenu menu;
 };

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/failure.h"
+#include "run/dates.h"
 #include "run/runlog.h"
 #include "run_rig.h"
 
@@ -21,19 +22,19 @@ std::string Head(const std::string& count, const std::string& total) {
 
 class RunLog : public RunRig {
  protected:
-  ScopedToday day2{{1999, 1, 2}};
+  RunLog() { services.today = [] { return CivilDate{1999, 1, 2}; }; }
 };
 
 TEST_F(RunLog, BothFormsByteForByte) {
-  EXPECT_EQ(CompileRunLog(frm), Head("0", "0"));
+  EXPECT_EQ(CompileRunLog(frm, services.today()), Head("0", "0"));
   Choose("first.mp3", 1500000, "MiXeD Case [x]");
   Choose("second.mp3", 3520000, "");
   // The mail form keeps the lone breaks around each subject, taken as it stands in the list.
-  EXPECT_EQ(CompileRunLog(frm),
+  EXPECT_EQ(CompileRunLog(frm, services.today()),
             Head("2", "5.02") +
                 "1.\tfile name: first.mp3\r\n\tfile size: 1.5mb\r\tMiXeD Case [x]\n\r\n\r\n"
                 "2.\tfile name: second.mp3\r\n\tfile size: 3.52mb\r\t\n\r\n\r\n");
-  EXPECT_EQ(BuildRunLog(frm, RunLogForm::kClipboard),
+  EXPECT_EQ(BuildRunLog(frm, RunLogForm::kClipboard, services.today()),
             Head("2", "5.02") + "1.\tfile name: first.mp3\r\n\tfile size: 1.5mb\r\n\r\n"
                                 "2.\tfile name: second.mp3\r\n\tfile size: 3.52mb\r\n\r\n");
 }
@@ -54,7 +55,7 @@ TEST_F(RunLog, TotalIsTheSumOfRoundedSizes) {
     for (std::int64_t bytes : c.sizes) Choose("f" + std::to_string(n++) + ".mp3", bytes, "s");
     SCOPED_TRACE(c.total);
     EXPECT_EQ(SelectedMbTotal(frm), c.total);
-    EXPECT_NE(CompileRunLog(frm).find("    total megabytes: " + std::string(c.total) + "\r\n"),
+    EXPECT_NE(CompileRunLog(frm, services.today()).find("    total megabytes: " + std::string(c.total) + "\r\n"),
               std::string::npos);
   }
 }
@@ -62,21 +63,21 @@ TEST_F(RunLog, TotalIsTheSumOfRoundedSizes) {
 TEST_F(RunLog, VanishedFileEndsTheWalkWithFileNotFound) {
   Choose("here.mp3", 1000, "a");
   std::filesystem::remove(Choose("gone.mp3", 1000, "b"));
-  EXPECT_EQ(FailureNumberOf([&] { CompileRunLog(frm); }), kFileNotFound);
+  EXPECT_EQ(FailureNumberOf([&] { CompileRunLog(frm, services.today()); }), kFileNotFound);
   EXPECT_EQ(FailureNumberOf([&] { SelectedMbTotal(frm); }), kFileNotFound);
 }
 
 TEST_F(RunLog, CopyPutsTheClipboardFormOnTheClipboardOrRefuses) {
   QGuiApplication::clipboard()->setText(QStringLiteral("before"));
-  CopyRunLog(frm);
+  CopyRunLog(frm, services);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
   ExpectBox(prompts, 0, "cannot compile a log because you have not selected files to upload.",
             4112, "error:");
   Choose("first.mp3", 1500000, "abc");
-  ConnectRunLog(frm, menu);
+  ConnectRunLog(frm, menu, services);
   menu.compileLog->trigger();
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
-            BuildRunLog(frm, RunLogForm::kClipboard));
+            BuildRunLog(frm, RunLogForm::kClipboard, services.today()));
   ExpectBox(prompts, 1,
             "log has been copyed to your clipboard. it is recommened that you paste the log into "
             "an email form and send it to the person in your group that is in charge of stats!",
@@ -102,9 +103,8 @@ TEST(Dates, LongAndShortForms) {
       {{1998, 5, 18}, "monday, may. 18, 1998", "05/18/98"},
   };
   for (const Case& c : cases) {
-    ScopedToday fixed(c.date);
-    EXPECT_EQ(TodayLong(), c.longText);
-    EXPECT_EQ(TodayShort(), c.shortText);
+    EXPECT_EQ(LongDateText(c.date), c.longText);
+    EXPECT_EQ(ShortDateText(c.date), c.shortText);
   }
 }
 

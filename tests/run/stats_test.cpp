@@ -73,7 +73,7 @@ TEST_F(Stats, SumLinesFollowTheCountersAsTheyStand) {
 }
 
 TEST_F(Stats, MbCalculatorSumsRoundedSizesOrRefuses) {
-  ShowMbTotal(frm);
+  ShowMbTotal(frm, prompts);
   ExpectBox(prompts, 0,
             "cannot calculate megabytes because you have not selected files to upload.", 4112,
             "error:");
@@ -83,7 +83,7 @@ TEST_F(Stats, MbCalculatorSumsRoundedSizesOrRefuses) {
   menu.calcMb->trigger();
   ExpectBox(prompts, 1, "total size of mp3s: 7.05mb", 4160, "mb calc.");
   std::filesystem::remove(Choose("gone.mp3", 1000, "x"));
-  EXPECT_EQ(FailureNumberOf([&] { ShowMbTotal(frm); }), kFileNotFound);
+  EXPECT_EQ(FailureNumberOf([&] { ShowMbTotal(frm, prompts); }), kFileNotFound);
   EXPECT_EQ(prompts.boxes.size(), 2u);
 }
 

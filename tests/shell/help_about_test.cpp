@@ -18,11 +18,11 @@ namespace {
 
 TEST(HelpTest, BoxesHaveTheirTitlesAndStylesAndCarriageReturnsOnly) {
   test::ScriptedPrompts prompts;
-  ShowHowToUse();
-  ShowMailListTips();
-  ShowSubjectTips();
-  ShowBodyTips();
-  ShowContact();
+  ShowHowToUse(prompts);
+  ShowMailListTips(prompts);
+  ShowSubjectTips(prompts);
+  ShowBodyTips(prompts);
+  ShowContact(prompts);
   const std::tuple<std::string, int, const char*> want[] = {
       {HowToUseText(), 4160, "how to use..."}, {MailListTipsText(), 4160, "tips!"},
       {SubjectTipsText(), 4160, "tips"},       {BodyTipsText(), 4160, "tips"},

@@ -55,7 +55,7 @@ TEST(RollTest, RolledUpWindowDraggedAboveTheBandLandsAtZeroAndStillRollsBack) {
   // Dragged by the skin to 90 twips: the snap puts it at the top edge.
   SetTwipsTop(&window, 90);
   test::PumpBudget budget(100);
-  DragAndSnap(&window);
+  DragAndSnap(&window, PrimaryScreenDesk);
   EXPECT_DOUBLE_EQ(TwipsTop(&window), 0);
 
   RollUpOrDown(&window, &picMini, tag);

@@ -4,8 +4,6 @@
 #include <cstdlib>
 
 #include "base/pump.h"
-#include "client/window_system.h"
-#include "ui/application.h"
 #include "ui/settings_store.h"
 
 namespace qc::test {
@@ -25,15 +23,11 @@ ScopedEnv::~ScopedEnv() {
 
 Sandbox::Sandbox() {
   SetSettingsFolder(dir / "settings");
-  SetWindowSystem(&desktop);
-  SetEndProgramHook([this](int status) { ends.push_back(status); });
 }
 
 Sandbox::~Sandbox() {
   StopClient();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  SetEndProgramHook({});
-  SetWindowSystem(nullptr);
   SetSettingsFolder("");
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // One private world per test: a temporary folder holding the settings store and the program's
 // folder, a simulated desktop as the window system (with a client when a test starts one),
-// scripted prompts, virtual time and an end-of-program path that records instead of ending.
+// scripted prompts, virtual time and an end-of-program path that records instead of ending, all
+// handed to the program's code as one set of services.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -15,6 +16,7 @@
 #include "support/budget.h"
 #include "support/files.h"
 #include "support/scripted_prompts.h"
+#include "ui/services.h"
 
 namespace qc::test {
 
@@ -48,6 +50,16 @@ class Sandbox {
   ScriptedPrompts prompts;
   std::vector<int> ends;  // statuses the program would have ended with
   sim::SimDesktop desktop;
+  // The real run drivers on the desktop, today a Friday, the test screen's desk; the web page
+  // opener records its addresses.
+  std::vector<std::string> opened;
+  Services services{.windows = desktop,
+                    .prompts = prompts,
+                    .drivers = RealRunDrivers(desktop),
+                    .today = [] { return CivilDate{1999, 1, 1}; },
+                    .deskArea = PrimaryScreenDesk,
+                    .openWebPage = [this](const std::string& a) { opened.push_back(a); },
+                    .endProgram = [this](int status) { ends.push_back(status); }};
   std::unique_ptr<sim::SimClient> client;
   std::unique_ptr<sim::SimMail> mail;
 

@@ -17,9 +17,6 @@ struct AskedBox {
 
 class ScriptedPrompts : public Prompts {
  public:
-  ScriptedPrompts() { SetPrompts(this); }
-  ~ScriptedPrompts() override { SetPrompts(nullptr); }
-
   int MsgBox(const std::string& text, int flags, const std::string& title) override;
   std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                       const std::string& defaultText, int xTwips,

@@ -17,7 +17,7 @@ class EditWindow : public SecondaryWindow {
  public:
   explicit EditWindow(int* saves)
       : SecondaryWindow(QStringLiteral("frmSubject"), QStringLiteral("edit subject line"), 4095,
-                        1590) {
+                        1590, PrimaryScreenDesk) {
     exit_ = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2880, 1170,
                         1095, 300);
     setSaveHook([saves] { ++*saves; });

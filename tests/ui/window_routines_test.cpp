@@ -108,7 +108,7 @@ TEST(WindowRoutinesTest, DragAndSnapWithNoButtonHeldOnlySnaps) {
   SetTwipsLeft(&w, 150);
   SetTwipsTop(&w, 3000);
   test::PumpBudget budget(100);
-  DragAndSnap(&w);
+  DragAndSnap(&w, PrimaryScreenDesk);
   EXPECT_DOUBLE_EQ(TwipsLeft(&w), 0);
   EXPECT_DOUBLE_EQ(TwipsTop(&w), 3000);
 }

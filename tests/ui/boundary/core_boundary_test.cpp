@@ -7,6 +7,8 @@
 #include <QtTest/QTest>
 
 #include "ui/application.h"
+#include "ui/services.h"
+#include "sim/sim_desktop.h"
 #include "base/failure.h"
 #include "base/pump.h"
 #include "support/scripted_prompts.h"
@@ -14,14 +16,17 @@
 namespace qc {
 namespace {
 
+Application& App() { return *static_cast<Application*>(QCoreApplication::instance()); }
+
 class Boundary : public ::testing::Test {
  protected:
-  void SetUp() override {
-    SetEndProgramHook([this](int status) { ends.push_back(status); });
-  }
-  void TearDown() override { SetEndProgramHook({}); }
+  void SetUp() override { App().Serve(services); }
   test::ScriptedPrompts prompts;
   std::vector<int> ends;
+  sim::SimDesktop desktop;
+  Services services{.windows = desktop,
+                    .prompts = prompts,
+                    .endProgram = [this](int status) { ends.push_back(status); }};
 };
 
 TEST(RuntimeErrorText, NumberThenABlankLineThenTheText) {
@@ -92,7 +97,9 @@ TEST(BoundaryDeath, DefaultEndExitsWithStatusOneAfterTheBox) {
   EXPECT_EXIT(
       {
         test::ScriptedPrompts prompts;
-        SetEndProgramHook({});
+        sim::SimDesktop desktop;
+        const Services services = PlatformServices(desktop, prompts);
+        App().Serve(services);
         QTimer::singleShot(0, [] { RaiseFailure(kFileNotFound); });
         QCoreApplication::processEvents();
         std::fprintf(stderr, "still running\n");

@@ -1,11 +1,12 @@
 #pragma once
 // The client operations the tagging run calls, as one replaceable set. The program uses the real
-// drivers on the window system in force; tests put in their own entries to record the calls.
+// drivers on its window system; tests put in their own entries to record the calls.
 #include <cstdint>
 #include <functional>
 #include <string>
 
 #include "client/address_list.h"
+#include "client/window_system.h"
 
 namespace qc {
 
@@ -29,22 +30,7 @@ struct RunDrivers {
   std::function<void()> openOutgoingMail40;
 };
 
-// Every entry calls the real routine on CurrentWindowSystem() at the moment of the call.
-RunDrivers RealRunDrivers();
-
-// The set in force (the real drivers until replaced).
-RunDrivers& CurrentRunDrivers();
-
-// Replaces the set for the lifetime of the object; entries left empty keep the real routine.
-class ScopedRunDrivers {
- public:
-  explicit ScopedRunDrivers(RunDrivers drivers);
-  ~ScopedRunDrivers();
-  ScopedRunDrivers(const ScopedRunDrivers&) = delete;
-  ScopedRunDrivers& operator=(const ScopedRunDrivers&) = delete;
-
- private:
-  RunDrivers saved_;
-};
+// Every entry calls the real routine on `ws`.
+RunDrivers RealRunDrivers(WindowSystem& ws);
 
 }  // namespace qc
