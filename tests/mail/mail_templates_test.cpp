@@ -1,5 +1,5 @@
-// The subject and body editors, the decoration editor, the menu items that open them and insert
-// keys, and what they save reaching a tagging run.
+// The subject and body editors, the decoration editor, and the menu items that open them and
+// insert keys. What they save reaching a run is tested with the recorded run.
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
@@ -7,9 +7,7 @@
 #include <QTimer>
 
 #include "mail/mail_editors.h"
-#include "client/run_drivers.h"
-#include "run/run_rig.h"
-#include "run/tagging_run.h"
+#include "support/sandbox.h"
 #include "ui/frmmenu.h"
 
 namespace qc::test {
@@ -180,70 +178,6 @@ TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
   FrmHead w(services);
   EXPECT_EQ(w.asciiFront->text().toStdString(), "\u2022\u00B4\u00B7");
   EXPECT_EQ(w.asciiBack->text(), QString());
-}
-
-// ---------------------------------------------------------------- reaching a run
-
-class EditorsAndRun : public RunRig {
- protected:
-  struct Mail {
-    std::string subject, body;
-  };
-  EditorsAndRun() {
-    RunDrivers& d = services.drivers;  // entries left alone stay the real ones
-    d.clientScreenName = [] { return std::string("Brindle Rose"); };
-    d.clientVersion = [] { return static_cast<std::int16_t>(5); };
-    d.checkFullBoxes = [](AddressList&) {};
-    d.sendFileMail50 = [this](const std::string&, const std::string& subject,
-                              const std::string& body, const std::string&, bool) {
-      files.push_back({subject, body});
-      if (onFile) onFile();
-    };
-    d.sendNoticeMail50 = [this](const std::string&, const std::string& subject,
-                                const std::string& body) { notices.push_back({subject, body}); };
-  }
-  void Run() {
-    PumpBudget budget(1000000);
-    TaggingRun(frm, menu, services);
-  }
-  std::vector<Mail> files, notices;
-  std::function<void()> onFile;
-};
-
-TEST_F(EditorsAndRun, EmptiedBodyGivesTheFallbackAndASaveDuringTheRunReachesTheNextMail) {
-  auto* body = new FrmBody(services);
-  body->txtBody->clear();
-  Close(body);
-  for (const char* name : {"one.mp3", "two.mp3", "three.mp3"}) Choose(name, 10000, name);
-  onFile = [this] {
-    // While the first mail goes out the user saves a new body.
-    if (files.size() != 1) return;
-    auto* w = new FrmBody(services);
-    w->txtBody->setPlainText("by idArtist$");
-    Close(w);
-  };
-  Run();
-  ASSERT_EQ(files.size(), 3u);
-  EXPECT_EQ(files[0].body.rfind("quill cast : v.qc23e : brindle\r\n\r\ntitle: Song\r\n", 0), 0u);
-  EXPECT_EQ(files[1].body, "by Band\r\n\r\n\r\n" + BodyClosingLine());
-  EXPECT_EQ(files[2].body, files[1].body);
-}
-
-TEST_F(EditorsAndRun, DecorationFromTheEditorFramesTheNextNotice) {
-  Check({"autohead", "autofoot"});
-  for (const char* front : {"\u00B7\u2022", ""}) {
-    auto* head = new FrmHead(services);
-    head->asciiFront->setText(QString::fromUtf8(front));
-    head->asciiBack->setText(QString::fromUtf8(front[0] ? "\u00B4\u00B7" : ""));
-    Close(head);
-    notices.clear();
-    Choose("one.mp3", 1500000, "one");
-    Run();
-    ASSERT_EQ(notices.size(), 2u);
-    // Emptied in the editor: the notices go out with no decoration at all.
-    EXPECT_EQ(notices[0].subject, front[0] ? "\u00B7\u2022 start: brindle 1.5mb \u00B4\u00B7"
-                                           : " start: brindle 1.5mb ");
-  }
 }
 
 }  // namespace

@@ -160,19 +160,6 @@ TEST_F(ClientRun, AFileNameThatIsNotUtf8IsTaggedAndAttached) {
   EXPECT_EQ(ReadId3Tag(path).comment, "renamed comment");
 }
 
-TEST_F(ClientRun, BlindCopiesToBothListsAfterTheDeadCheck) {
-  StartClient(5);
-  WriteList("lstMember.sys", "ann\r\nfullbox\r\n");
-  WriteList("lstUpload.sys", "cy\r\n");
-  mail->MarkFull("fullbox");
-  Choose("one.mp3", 1000000, "s");
-  Check({"memberlst", "uploadlst", "bbcemail", "deadchecknames", "sendlater"});
-  Run();
-  ASSERT_EQ(mail->Outgoing().size(), 1u);
-  EXPECT_EQ(mail->Outgoing()[0].to, "(Brindle Rose), (ann), (cy), ");
-  EXPECT_EQ(frm.lstSend->Items(), (std::vector<std::string>{"Brindle Rose", "ann", "cy"}));
-}
-
 TEST_F(ClientRun, ErrorWindowIsClosedAtTheTopOfTheNextFile) {
   StartClient(5);
   Choose("one.mp3", 1000000, "one");
@@ -187,26 +174,6 @@ TEST_F(ClientRun, ErrorWindowIsClosedAtTheTopOfTheNextFile) {
   ASSERT_NE(error, 0);
   EXPECT_FALSE(desktop.Exists(error));
   EXPECT_EQ(mail->Outgoing().size(), 2u);
-}
-
-TEST_F(ClientRun, StopClickedWhileTheFirstMailIsWrittenEndsAfterThatFile) {
-  StartClient(5);
-  Choose("one.mp3", 1000000, "one");
-  Choose("two.mp3", 1000000, "two");
-  Choose("three.mp3", 1000000, "three");
-  Check({"sendlater", "autofoot"});
-  ConnectTaggingRun(frm, menu, services);
-  PumpHookId hook = AddPumpHook([&] {
-    if (!mail->MailWindows().empty() && frm.picBut2->isEnabled()) emit frm.picBut2->clicked();
-  });
-  Run();
-  RemovePumpHook(hook);
-  ASSERT_EQ(mail->Outgoing().size(), 2u);
-  EXPECT_EQ(mail->Outgoing()[0].subject, "one");
-  EXPECT_NE(mail->Outgoing()[1].subject.find(" end: brindle 3mb "), std::string::npos);
-  EXPECT_EQ(frm.lblTagIndex->Caption(), "1/ 3");
-  EXPECT_EQ(frm.lstPathSelect->ListCount(), 0);
-  EXPECT_EQ(TwipsTop(frm.pnlTag), kTagPanelIdleTop);
 }
 
 TEST_F(ClientRun, WithoutAClientTheRunWaitsInTheGenerationThreeDriverForEver) {

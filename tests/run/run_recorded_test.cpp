@@ -1,6 +1,7 @@
 // The tagging run with the client operations recorded: what each driver is given, in which order,
 // and what the run's controls show.
 #include <QAction>
+#include <QCoreApplication>
 
 #include <filesystem>
 #include <functional>
@@ -9,6 +10,7 @@
 #include "base/failure.h"
 #include "base/pump.h"
 #include "client/run_drivers.h"
+#include "mail/mail_editors.h"
 #include "run/runlog.h"
 #include "run/tagging_run.h"
 #include "run_rig.h"
@@ -25,6 +27,11 @@ struct Call {
 
 const std::string kDecor = "\u00B7\u2022(`(`\u00B7";
 const std::string kDecorRight = "\u00B7\u00B4)\u00B4)\u2022\u00B7";
+
+void CloseEditor(SecondaryWindow* w) {
+  w->saveAndExit();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 std::string DefaultBody(const TagFields& t, const std::string& size, const std::string& name) {
   return "quill cast : v.qc23e : brindle\r\n\r\ntitle: " + t.title + "\r\nartist: " + t.artist +
@@ -398,6 +405,43 @@ TEST_F(RecordedRun, PictureButtonsStartAndStop) {
   Choose("a.mp3", 1000, "a");
   emit frm.picBut1->clicked();
   EXPECT_EQ(calls.size(), 1u);
+}
+
+// What the editors save reaches the run at the next file or notice.
+TEST_F(RecordedRun, EmptiedBodyGivesTheFallbackAndASaveDuringTheRunReachesTheNextMail) {
+  auto* body = new FrmBody(services);
+  body->txtBody->clear();
+  CloseEditor(body);
+  for (const char* name : {"one.mp3", "two.mp3", "three.mp3"}) Choose(name, 10000, name);
+  onFile = [this](int n) {
+    // While the first mail goes out the user saves a new body.
+    if (n != 1) return;
+    auto* w = new FrmBody(services);
+    w->txtBody->setPlainText("by idArtist$");
+    CloseEditor(w);
+  };
+  Run();
+  ASSERT_EQ(calls.size(), 3u);
+  EXPECT_EQ(calls[0].body.rfind("quill cast : v.qc23e : brindle\r\n\r\ntitle: Song\r\n", 0), 0u);
+  EXPECT_EQ(calls[1].body, "by Band\r\n\r\n\r\n" + BodyClosingLine());
+  EXPECT_EQ(calls[2].body, calls[1].body);
+}
+
+TEST_F(RecordedRun, DecorationFromTheEditorFramesTheNextNotice) {
+  Check({"autohead", "autofoot"});
+  for (const char* front : {"\u00B7\u2022", ""}) {
+    auto* head = new FrmHead(services);
+    head->asciiFront->setText(QString::fromUtf8(front));
+    head->asciiBack->setText(QString::fromUtf8(front[0] ? "\u00B4\u00B7" : ""));
+    CloseEditor(head);
+    calls.clear();
+    Choose("one.mp3", 1500000, "one");
+    Run();
+    ASSERT_EQ(Kinds(), (std::vector<std::string>{"notice50", "file50", "notice50"}));
+    // Emptied in the editor: the notices go out with no decoration at all.
+    EXPECT_EQ(calls[0].subject, front[0] ? "\u00B7\u2022 start: brindle 1.5mb \u00B4\u00B7"
+                                         : " start: brindle 1.5mb ");
+  }
 }
 
 }  // namespace

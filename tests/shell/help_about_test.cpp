@@ -5,6 +5,10 @@
 #include <QMouseEvent>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <map>
+#include <sstream>
+
 #include "ui/secondary_window.h"
 #include "shell/frm_about.h"
 #include "shell/help.h"
@@ -16,70 +20,29 @@
 namespace qc {
 namespace {
 
-TEST(HelpTest, BoxesHaveTheirTitlesAndStylesAndCarriageReturnsOnly) {
+// Every help box opened through its routine and compared with data/help_boxes.txt.
+TEST(HelpTest, BoxesAsTheTableHasThem) {
+  const std::map<std::string, void (*)(Prompts&)> routines = {
+      {"how2use", ShowHowToUse}, {"emailTips", ShowMailListTips}, {"subjectTips", ShowSubjectTips},
+      {"bodytips", ShowBodyTips}, {"contactzme", ShowContact}};
   test::ScriptedPrompts prompts;
-  ShowHowToUse(prompts);
-  ShowMailListTips(prompts);
-  ShowSubjectTips(prompts);
-  ShowBodyTips(prompts);
-  ShowContact(prompts);
-  const std::tuple<std::string, int, const char*> want[] = {
-      {HowToUseText(), 4160, "how to use..."}, {MailListTipsText(), 4160, "tips!"},
-      {SubjectTipsText(), 4160, "tips"},       {BodyTipsText(), 4160, "tips"},
-      {ContactText(), 0, "quillcast"}};
-  for (std::size_t i = 0; i < std::size(want); ++i) {
-    const auto& [text, flags, title] = want[i];
-    test::ExpectBox(prompts, i, text, flags, title);
-    EXPECT_EQ(text.find('\n'), std::string::npos) << title;
+  std::ifstream in(QC_TEST_DATA_DIR "/help_boxes.txt");
+  std::size_t boxes = 0;
+  for (std::string line; std::getline(in, line);) {
+    if (line.rfind("box ", 0) != 0) continue;
+    std::istringstream head(line.substr(4));
+    std::string item, title;
+    int flags = -1;
+    head >> item >> flags >> std::ws;
+    std::getline(head, title);
+    std::string text;
+    for (std::string row; std::getline(in, row) && row != "end";) text += row + "\r";
+    text.pop_back();  // no break after the last line
+    ASSERT_EQ(routines.count(item), 1u) << item;
+    routines.at(item)(prompts);
+    test::ExpectBox(prompts, boxes++, text, flags, title);
   }
-  EXPECT_EQ(BodyTipsText().find('\r'), std::string::npos);
-}
-
-TEST(HelpTest, HowToUseIsSixParagraphsSplitByBlankLines) {
-  const std::string t = HowToUseText();
-  EXPECT_EQ(t.substr(0, 56), "1. setup your 'mail list', 'subject lines' and 'body'.\r\r");
-  EXPECT_NE(t.find("the files that you've selected to be taged/uploaded.\r\r3. click on"),
-            std::string::npos);
-  EXPECT_NE(t.find("press 'enter'.\r\r5. just hit the 'start tagging' circle.\r\rto review this, "
-                   "just simply go to the 'file menu' triangle and 'how to use...'."),
-            std::string::npos);
-  EXPECT_EQ(t.back(), '.');
-  size_t breaks = 0;
-  for (char c : t) breaks += c == '\r';
-  EXPECT_EQ(breaks, 10u);
-}
-
-TEST(HelpTest, MailListTipsLineByLine) {
-  EXPECT_EQ(MailListTipsText(),
-            "mail listing tips:\r\r - to add more than 1 person at a time,\r   seperate the "
-            "names with comas or\r   parenthesis. example:\r      email, email2, email3\r      "
-            "or\r      (email)(email2)(email3)\r\r - to check if mailboxes arent full, go\r   to "
-            "'options' >> 'check and remove\r   full boxes'\r\r - to remove more than 1 name, "
-            "select\r   by holding SHIFT or CONTROL");
-}
-
-TEST(HelpTest, SubjectTipsHaveSixteenLinesAndNoBlankOne) {
-  const std::string t = SubjectTipsText();
-  EXPECT_EQ(t.find("\r\r"), std::string::npos);
-  size_t lines = 1;
-  for (char c : t) lines += c == '\r';
-  EXPECT_EQ(lines, 16u);
-  EXPECT_EQ(t.substr(0, 40), "editing subject lines with 'quill cast'\r");
-  EXPECT_NE(t.find("\r   fileName$\r   fileSize$\r   idTitle$\r   idArtist$\r   idAlbum$\r   "
-                   "idGenre$\rexample: ur subject line is:\r"),
-            std::string::npos);
-  EXPECT_EQ(t.substr(t.size() - 30), "\r[my group - ilona - miracles]");
-}
-
-TEST(HelpTest, ContactAndBodyTipsExact) {
-  EXPECT_EQ(ContactText(),
-            "my email address it brindle@quillcast.example. feel free to email me. please do not "
-            "ask about programing, help, or teaching. all emails with this content will be "
-            "deleted and not replyed to.");
-  EXPECT_EQ(BodyTipsText(),
-            "in your tag, in the file info, set these keys in. when the program is tagging the "
-            "email, it will replace it with the real name. like idTitle$ will be replaced with "
-            "'miracles' and idArtist$ will be replaced with 'ilona'");
+  EXPECT_EQ(boxes, routines.size());
 }
 
 TEST(AboutTest, ShowsTheFixedTextsAndTheLowerCasedHandle) {
