@@ -86,6 +86,17 @@ TEST_F(ClientViewerTest, ShowsClientEventsAndTheLastTraceLines) {
   c.Log("click", "x");
   v.Refresh();
   EXPECT_EQ(v.events()->toPlainText(), "click: x");
+  // Repeats fold into one line with their count; the dead check's refusal says what it is.
+  for (int i = 0; i < 3; ++i) c.Log("click ignored", "Send");
+  c.Log("mail refused", "-");
+  c.Log("mail refused", "bob");
+  v.Refresh();
+  c.Log("click ignored", "Send");
+  c.Log("click ignored", "Send");
+  v.Refresh();
+  EXPECT_EQ(v.events()->toPlainText(),
+            "click: x\nclick ignored: Send (x3)\nmail refused: - (the dead check's probe)\n"
+            "mail refused: bob\nclick ignored: Send (x2)");
 
   for (int i = 0; i < 300; ++i) d.FindWindowA("#32768", std::nullopt);
   d.FindWindowA("_AOL_Modal", std::nullopt);

@@ -9,11 +9,14 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "base/cp1252.h"
+#include "sim/sim_mail.h"
 
 namespace qc::sim {
 namespace {
@@ -118,11 +121,9 @@ void ClientViewer::Refresh() {
     if (events.size() < shownEvents_) {  // the log was cleared
       events_->clear();
       shownEvents_ = 0;
+      lastEvent_.clear();
     }
-    for (; shownEvents_ < events.size(); ++shownEvents_) {
-      const ClientEvent& e = events[shownEvents_];
-      events_->appendPlainText(Qs(e.kind + ": " + e.detail));
-    }
+    for (; shownEvents_ < events.size(); ++shownEvents_) AppendEvent(events[shownEvents_]);
   }
 
   if (traceDirty_) {
@@ -135,6 +136,23 @@ void ClientViewer::Refresh() {
     trace_->setPlainText(text);
     trace_->verticalScrollBar()->setValue(trace_->verticalScrollBar()->maximum());
   }
+}
+
+void ClientViewer::AppendEvent(const sim::ClientEvent& e) {
+  QString line = Qs(e.kind + ": " + e.detail);
+  // The dead check writes to "-" on purpose: the client's refusal is the answer it waits for.
+  if (e.kind == sim::kEventMailRefused && e.detail == "-") line += QStringLiteral(" (the dead check's probe)");
+  if (line == lastEvent_) {
+    // A wait pressing again and again shows as one line with its count.
+    ++lastRepeats_;
+    QTextCursor c(events_->document()->lastBlock());
+    c.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    c.insertText(line + QStringLiteral(" (x%1)").arg(lastRepeats_));
+    return;
+  }
+  lastEvent_ = line;
+  lastRepeats_ = 1;
+  events_->appendPlainText(line);
 }
 
 void ClientViewer::RebuildTree() {

@@ -48,6 +48,7 @@ class ClientViewer : public QWidget {
 
  private:
   void RebuildTree();
+  void AppendEvent(const sim::ClientEvent& event);
 
   SimDesktop& desktop_;
   SimClient* client_;
@@ -61,6 +62,8 @@ class ClientViewer : public QWidget {
   bool treeShown_ = false;
   int treeBuilds_ = 0;
   std::size_t shownEvents_ = 0;
+  QString lastEvent_;  // the last event line shown, and how often it came in a row
+  int lastRepeats_ = 0;
   std::deque<std::string> traceLines_;
   bool traceDirty_ = false;
 };
