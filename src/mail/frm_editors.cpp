@@ -93,7 +93,8 @@ FrmSubject::FrmSubject(const Services& services, FrmMenu* menu, QWidget* parent)
   SetTwipsGeometry(cmdMenu, 120, 1185, 1800, 285);
   cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2175, 1185,
                         1800, 285);
-  setSaveHook([this] { WriteSetting(Setting::kSubject, FromQ(txtSubj->text())); });
+  SettingsStore* settings = &services.settings;
+  setSaveHook([this, settings] { settings->Write(Setting::kSubject, FromQ(txtSubj->text())); });
   connect(txtSubj, &QLineEdit::textChanged, this, [this] { UpdateLetterCount(); });
   QPointer<FrmMenu> m(menu);
   connect(cmdMenu, &QPushButton::clicked, this, [this, m] {
@@ -104,7 +105,7 @@ FrmSubject::FrmSubject(const Services& services, FrmMenu* menu, QWidget* parent)
   CenterWindow(this);
   StayOnTop(this);
   TakeBackColor(txtSubj, face->backColor());
-  txtSubj->setText(ToQ(ReadSetting(Setting::kSubject)));
+  txtSubj->setText(ToQ(services.settings.Read(Setting::kSubject)));
   UpdateLetterCount();
 }
 
@@ -172,16 +173,17 @@ FrmHead::FrmHead(const Services& services, QWidget* parent)
   SetTwipsGeometry(asciiBack, 1500, 180, 585, 255);
   SSCommand1 = addSaveExit(QStringLiteral("SSCommand1"), QStringLiteral("save && exit"), 120, 900,
                            2160, 285);
-  setSaveHook([this] {
-    WriteSetting(Setting::kAscii1, FromQ(asciiFront->text()));
-    WriteSetting(Setting::kAscii2, FromQ(asciiBack->text()));
+  SettingsStore* settings = &services.settings;
+  setSaveHook([this, settings] {
+    settings->Write(Setting::kAscii1, FromQ(asciiFront->text()));
+    settings->Write(Setting::kAscii2, FromQ(asciiBack->text()));
   });
 
   sizeFromFrame();
   TakeBackColor(asciiFront, face->backColor());
   TakeBackColor(asciiBack, face->backColor());
-  asciiFront->setText(ToQ(ReadSetting(Setting::kAscii1)));
-  asciiBack->setText(ToQ(ReadSetting(Setting::kAscii2)));
+  asciiFront->setText(ToQ(services.settings.Read(Setting::kAscii1)));
+  asciiBack->setText(ToQ(services.settings.Read(Setting::kAscii2)));
 }
 
 FrmEmailto* MailListEditor() { return MailListSlot(); }

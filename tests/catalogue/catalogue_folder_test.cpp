@@ -57,7 +57,7 @@ TEST_F(CatalogueTest, FileNamesThatAreNotUtf8AreFoundReadAndAdded) {
   EXPECT_EQ(main.lstMp3->Items(),
             (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
   Select({0, 1});
-  AddSelectedMp3s(main);
+  AddSelectedMp3s(main, settings);
   EXPECT_EQ(main.lstPathSelect->Items(), (std::vector<std::string>{tagged, bare}));
   EXPECT_EQ(main.lstSubj->Items(), (std::vector<std::string>{"caf\xE9.mp3 .7 Caf\u00E9",
                                                                "n\xE9.mp3 0 n\xE9.mp3"}));
@@ -75,7 +75,7 @@ TEST_F(CatalogueTest, NulPaddedFieldsShowUpToTheNulAndTheSubjectCarriesThem) {
   EXPECT_EQ(main.lstMp3->List(0), title + " - " + artist);
   EXPECT_EQ(main.lstMp3->ShownItem(0), QStringLiteral("miracles"));
   Select({0});
-  AddSelectedMp3s(main);
+  AddSelectedMp3s(main, settings);
   EXPECT_EQ(main.lstSubj->List(0), kHead + "[" + artist + "]-" + title);
   EXPECT_EQ(main.lblArtist->Caption(), "artist: " + artist);
   EXPECT_EQ(static_cast<QLabel*>(main.lblArtist)->text(), QStringLiteral("artist: ilona"));
@@ -104,11 +104,11 @@ TEST_F(CatalogueTest, AddSelectedFillsLabelsSubjectsAndDeselects) {
   Mp3("b.mp3", "", 700000);
   Mp3("c.mp3", TagBytes("Solo", ""), 3000000);
   Choose(folder_);
-  AddSelectedMp3s(main);  // nothing selected: nothing added
+  AddSelectedMp3s(main, settings);  // nothing selected: nothing added
   EXPECT_EQ(main.lstUp->ListCount(), 0);
   EXPECT_EQ(main.lblTitle->Caption(), "title:");
   Select({0, 1, 2});
-  AddSelectedMp3s(main);
+  AddSelectedMp3s(main, settings);
   EXPECT_EQ(main.lstMp3->SelCount(), 0);
   EXPECT_EQ(main.lstMp3->ListCount(), 3);  // entries stay, so a file can be added again
   EXPECT_EQ(main.lstUp->Items(), main.lstMp3->Items());
@@ -146,12 +146,12 @@ TEST_F(CatalogueTest, SubjectTemplateIsReadAtEveryAddAndExpandedInOrder) {
   Choose(folder_);
   SetTemplate("s=fileSize$ t=idTitle$ g=IDGENRE$ y=idYear$ c=idComment$");
   Select({0});
-  AddSelectedMp3s(main);
+  AddSelectedMp3s(main, settings);
   // The title holds a key that comes earlier in the order, so it stays as typed.
   EXPECT_EQ(main.lstSubj->List(0), "s=.7 t=fileSize$ g=Blues y=idYear$ c=idComment$");
   SetTemplate("fixed");
   main.lstMp3->SetListIndex(0);
-  AddCurrentMp3(main);
+  AddCurrentMp3(main, settings);
   EXPECT_EQ(main.lstSubj->List(1), "fixed");
   EXPECT_EQ(main.lstUp->ListCount(), 2);
   // A value that holds a later key is expanded in turn.
@@ -161,7 +161,7 @@ TEST_F(CatalogueTest, SubjectTemplateIsReadAtEveryAddAndExpandedInOrder) {
   main.lstMp3->Clear();
   Choose(folder_);
   Select({1});
-  AddSelectedMp3s(main);
+  AddSelectedMp3s(main, settings);
   EXPECT_EQ(main.lstSubj->List(2), "fileName$ b.mp3");
 }
 
@@ -170,7 +170,7 @@ TEST_F(CatalogueTest, FilesGoneOrTooShortFail) {
   Choose(folder_);
   fs::remove(a);
   Select({0});
-  EXPECT_EQ(FailureNumberOf([&] { AddSelectedMp3s(main); }), kFileNotFound);
+  EXPECT_EQ(FailureNumberOf([&] { AddSelectedMp3s(main, settings); }), kFileNotFound);
   // Two of the three lists grew before the failure.
   EXPECT_EQ(main.lstUp->ListCount() + main.lstPathSelect->ListCount(), 2);
   EXPECT_EQ(main.lstSubj->ListCount(), 0);

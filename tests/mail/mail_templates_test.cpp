@@ -39,12 +39,12 @@ TEST_F(TemplateTest, SubjectFromTheStoreWithItsLetterCount) {
   w->txtSubj->setText("ab");
   EXPECT_EQ(w->pnlInfo->caption(), QString(" letter count: 2"));
   // Nothing is stored before save & exit.
-  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "missing");
+  EXPECT_EQ(settings.Get("subject", "subject", "missing"), "missing");
   w->txtSubj->setText(QString());
   w->cmdExit->click();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   // The empty template is stored, and the default no longer applies.
-  EXPECT_EQ(GetSetting(kAppName, "subject", "subject", "missing"), "");
+  EXPECT_EQ(settings.Get("subject", "subject", "missing"), "");
   FrmSubject again(services);
   EXPECT_EQ(again.txtSubj->text(), QString());
 }
@@ -170,11 +170,11 @@ TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
     EXPECT_EQ(w.SSCommand1->text(), QString("save && exit"));
     w.asciiFront->setText(QString::fromUtf8("\u2022\u00B4\u00B7"));
     w.asciiBack->clear();
-    EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", "none"), "none");
+    EXPECT_EQ(settings.Get(kOptionsSection, "ascii1", "none"), "none");
     w.saveAndExit();
   }
-  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii1", ""), "\u2022\u00B4\u00B7");
-  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "ascii2", "none"), "");
+  EXPECT_EQ(settings.Get(kOptionsSection, "ascii1", ""), "\u2022\u00B4\u00B7");
+  EXPECT_EQ(settings.Get(kOptionsSection, "ascii2", "none"), "");
   FrmHead w(services);
   EXPECT_EQ(w.asciiFront->text().toStdString(), "\u2022\u00B4\u00B7");
   EXPECT_EQ(w.asciiBack->text(), QString());

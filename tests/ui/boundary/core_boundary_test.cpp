@@ -11,7 +11,9 @@
 #include "sim/sim_desktop.h"
 #include "base/failure.h"
 #include "base/pump.h"
+#include "support/files.h"
 #include "support/scripted_prompts.h"
+#include "ui/settings_store.h"
 
 namespace qc {
 namespace {
@@ -24,8 +26,11 @@ class Boundary : public ::testing::Test {
   test::ScriptedPrompts prompts;
   std::vector<int> ends;
   sim::SimDesktop desktop;
+  test::TempDir dir;
+  SettingsStore settings{dir.path()};
   Services services{.windows = desktop,
                     .prompts = prompts,
+                    .settings = settings,
                     .endProgram = [this](int status) { ends.push_back(status); }};
 };
 
@@ -98,7 +103,8 @@ TEST(BoundaryDeath, DefaultEndExitsWithStatusOneAfterTheBox) {
       {
         test::ScriptedPrompts prompts;
         sim::SimDesktop desktop;
-        const Services services = PlatformServices(desktop, prompts);
+        SettingsStore settings("/nonexistent");
+        const Services services = PlatformServices(desktop, prompts, settings);
         App().Serve(services);
         QTimer::singleShot(0, [] { RaiseFailure(kFileNotFound); });
         QCoreApplication::processEvents();
