@@ -179,9 +179,9 @@ TEST_F(MailListTest, FullBoxCommandRemovesTheReportedAddressesFromTheActiveListO
   WriteBytes(upload, "ann\r\nbob\r\ncy\r\ndee\r\n");
   WriteBytes(member, "bob\r\n");
   FrmMenu menu;
-  ConnectMailEditors(menu, services);
+  const MailEditors& editors = ConnectMailEditors(menu, services);
   menu.editmailform->trigger();
-  FrmEmailto* w = MailListEditor();
+  FrmEmailto* w = editors.mailList;
   ASSERT_NE(w, nullptr);
   w->optUpload->click();
   {

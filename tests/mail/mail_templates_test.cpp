@@ -73,9 +73,9 @@ TEST_F(TemplateTest, BodyDefaultWrittenAtOnceWhenTheFileGivesNoText) {
 
 TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
   FrmMenu menu;
-  ConnectMailEditors(menu, services);
+  const MailEditors& editors = ConnectMailEditors(menu, services);
   menu.editSubject->trigger();
-  FrmSubject* subject = SubjectEditor();
+  FrmSubject* subject = editors.subject.data();
   ASSERT_NE(subject, nullptr);
   EXPECT_TRUE(subject->isVisible());
   subject->txtSubj->setText("[a - b]");
@@ -94,7 +94,7 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
     EXPECT_EQ(subject->txtSubj->text(), QString(key));
   }
   menu.editBody->trigger();
-  FrmBody* body = BodyEditor();
+  FrmBody* body = editors.body.data();
   ASSERT_NE(body, nullptr);
   const std::pair<QAction*, const char*> bodyItems[] = {
       {menu.inserttitle, "idTitle$"},   {menu.insertartist, "idArtist$"},
@@ -113,22 +113,22 @@ TEST_F(TemplateTest, InsertsReplaceTheSelectionOrGoInAtTheCaret) {
   }
   Close(subject);
   Close(body);
-  EXPECT_EQ(SubjectEditor(), nullptr);
-  EXPECT_EQ(BodyEditor(), nullptr);
+  EXPECT_EQ(editors.subject.data(), nullptr);
+  EXPECT_EQ(editors.body.data(), nullptr);
 }
 
 TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
   FrmMenu menu;
-  ConnectMailEditors(menu, services);
+  const MailEditors& editors = ConnectMailEditors(menu, services);
   menu.editmailform->trigger();
-  FrmEmailto* lists = MailListEditor();
+  FrmEmailto* lists = editors.mailList.data();
   ASSERT_NE(lists, nullptr);
   menu.editmailform->trigger();
-  EXPECT_EQ(MailListEditor(), lists);
+  EXPECT_EQ(editors.mailList.data(), lists);
   EXPECT_TRUE(lists->isVisible());
   menu.headfootopt->trigger();
-  ASSERT_NE(HeadEditor(), nullptr);
-  EXPECT_TRUE(HeadEditor()->isVisible());
+  ASSERT_NE(editors.head.data(), nullptr);
+  EXPECT_TRUE(editors.head.data()->isVisible());
   // The list commands reach the open editor.
   lists->lstMember->AddItem("a");
   menu.rmvAll->trigger();
@@ -138,8 +138,8 @@ TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
   // Each editor's options button opens its popup under it (the body's, as one of three).
   const std::tuple<SecondaryWindow*, Command3D*, QMenu*> cases[] = {
       {lists, lists->cmdMenu, menu.mnuEmailto},
-      {SubjectEditor(), SubjectEditor()->cmdMenu, menu.subjoptions},
-      {BodyEditor(), BodyEditor()->cmdMenu, menu.bodyOpt},
+      {editors.subject.data(), editors.subject.data()->cmdMenu, menu.subjoptions},
+      {editors.body.data(), editors.body.data()->cmdMenu, menu.bodyOpt},
   };
   for (const auto& [window, button, tree] : cases) {
     QMenu* shown = nullptr;
@@ -151,9 +151,9 @@ TEST_F(TemplateTest, MenuItemsOpenEachEditorOnceWithItsPopupUnderItsButton) {
     EXPECT_EQ(shown, tree);
     Close(window);
   }
-  Close(HeadEditor());
-  EXPECT_EQ(MailListEditor(), nullptr);
-  EXPECT_EQ(HeadEditor(), nullptr);
+  Close(editors.head.data());
+  EXPECT_EQ(editors.mailList.data(), nullptr);
+  EXPECT_EQ(editors.head.data(), nullptr);
 }
 
 TEST_F(TemplateTest, DecorationRoundTripAndEmptyStringsWin) {
