@@ -257,6 +257,11 @@ click_control picBut1
 wait_until "the run to end" 240 grep -qE '^lstUp ListBox .* \| 0 entries' "$DUMP"
 wait_until "the totals" 30 dump_has '| 4 ups : 0.12 mb'
 shot after-run
+# The mails the simulated client queued, as its viewer lists them, are the samples' mails.
+awk '$1 == "events" { sub(/^[^|]*\| /, ""); print }' "$DUMP" | sed 's/\\n/\n/g' |
+  grep -E '^mail (queued|sent|opened):' >"$OUT/mails.txt" || true
+diff -u "$(dirname "$0")/data/sample_run_mails.txt" "$OUT/mails.txt" ||
+  fail "the run's mails differ from the samples' mails"
 
 step "Alt+F4 ends the program as exit does"
 xdotool windowactivate --sync "$MAIN" 2>/dev/null || true
