@@ -2,10 +2,9 @@
 #include <QPalette>
 
 #include "base/prompts.h"
+#include "catalogue/info_mode.h"
 #include "catalogue_fixture.h"
 #include "ui/window_routines.h"
-#include "catalogue/catalogue_fixture.h"
-#include "catalogue/info_mode.h"
 
 namespace qc::test {
 namespace {
@@ -52,19 +51,17 @@ TEST_F(CatalogueTest, FileNamesThatAreNotUtf8AreFoundReadAndAdded) {
   const std::string bare = Mp3("n\xE9.mp3", "");
   SetTemplate("fileName$ fileSize$ idTitle$");
   Choose(folder_);
-  EXPECT_EQ(main.lstPaths->Items(), (std::vector<std::string>{tagged, bare}));
+  EXPECT_EQ(main.lstPaths->Items(), (Items{tagged, bare}));
   // The tag's bytes are Windows-1252 text; the untagged file shows its name.
-  EXPECT_EQ(main.lstMp3->Items(),
-            (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
+  EXPECT_EQ(main.lstMp3->Items(), (Items{"Caf\u00E9 - Band", "n\xE9.mp3"}));
   Select({0, 1});
   AddSelectedMp3s(main, settings);
-  EXPECT_EQ(main.lstPathSelect->Items(), (std::vector<std::string>{tagged, bare}));
-  EXPECT_EQ(main.lstSubj->Items(), (std::vector<std::string>{"caf\xE9.mp3 .7 Caf\u00E9",
-                                                               "n\xE9.mp3 0 n\xE9.mp3"}));
+  EXPECT_EQ(main.lstPathSelect->Items(), (Items{tagged, bare}));
+  EXPECT_EQ(main.lstSubj->Items(), (Items{"caf\xE9.mp3 .7 Caf\u00E9", "n\xE9.mp3 0 n\xE9.mp3"}));
   EXPECT_EQ(main.lblTitle->Caption(), "title: n\xE9.mp3");
   EXPECT_EQ(main.lstMp3->ShownItem(1), QString::fromUtf8("n\u00E9.mp3"));
   RefreshFolderList(main);
-  EXPECT_EQ(main.lstMp3->Items(), (std::vector<std::string>{"Caf\u00E9 - Band", "n\xE9.mp3"}));
+  EXPECT_EQ(main.lstMp3->Items(), (Items{"Caf\u00E9 - Band", "n\xE9.mp3"}));
 }
 
 TEST_F(CatalogueTest, NulPaddedFieldsShowUpToTheNulAndTheSubjectCarriesThem) {
