@@ -72,20 +72,6 @@ TEST_F(WindowRoutinesTest, GoldenCases) {
           if (a[2] != "-") d.SetItemText(DropDown(c, 6), 0, a[2]);
           return std::to_string(ClientVersion(d));
         }},
-       {"BareFrame",
-        [&](const Args& a) {
-          const Hwnd frame = d.NewWindow(0, aol::kFrameClass, aol::kFrameCaption);
-          const Hmenu bar = d.CreateMenu();
-          for (int i = 0; i < std::stoi(a[0]); ++i) {
-            const Hmenu sub = d.CreateMenu();
-            d.AppendItem(sub, 100 + i, "&Contents 5.0");
-            d.AppendSubMenu(bar, "x", sub);
-          }
-          if (a[0] != "0") d.SetMenu(frame, bar);
-          const std::int16_t version = ClientVersion(d);
-          d.DestroyWindow(frame);
-          return std::to_string(version);
-        }},
        {"ScreenName", [&](const Args& a) {
           struct Frame {
             SimDesktop& d;
