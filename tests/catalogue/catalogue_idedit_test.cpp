@@ -59,7 +59,8 @@ TEST_F(TagEditorTest, WindowCaptionTabOrderAndGenreBox) {
   ViaLblId();
   ASSERT_TRUE(TagEditor());
   EXPECT_EQ(Ed().windowTitle().toStdString(), "MPEG file info box + ID3 tag editor");
-  EXPECT_EQ(Ed().txtComment->maxLength(), 30);
+  for (TagTextBox* box : {Ed().txtTitle, Ed().txtArtist, Ed().txtAlbum, Ed().txtComment})
+    EXPECT_EQ(box->maxLength(), 30) << box->objectName().toStdString();
   EXPECT_FALSE(Ed().cmbGenre->isEditable());
   ASSERT_EQ(Ed().cmbGenre->count(), kGenreCount);
   EXPECT_EQ(Ed().cmbGenre->itemText(49).toStdString(), "Eurodance");

@@ -64,12 +64,5 @@ TEST(SecondaryWindowTest, PressOnTheTitleMovesThenSnaps) {
   EXPECT_DOUBLE_EQ(TwipsTop(&w), 2400);
 }
 
-TEST(SecondaryWindowTest, PanelsKeepTheirFaceColourForTheirLists) {
-  Panel3D panel(nullptr, QStringLiteral("pnlInfo"));
-  EXPECT_EQ(panel.backColor(), skin::kFace);
-  panel.setBackColor(skin::kAccent);
-  EXPECT_EQ(panel.backColor(), QColor(0x60, 0x86, 0x9F));
-}
-
 }  // namespace
 }  // namespace qc
