@@ -68,7 +68,6 @@ class Bench {
   Bench() : dir_(fs::temp_directory_path() / ("qc_bench_run_" + std::to_string(::getpid()))) {
     fs::create_directories(dir_ / "app");
     setenv("QUILLCAST_HOME", (dir_ / "app").c_str(), 1);
-    qc::SetSettingsFolder((dir_ / "settings").string());
     for (int i = 0; i < kFiles; ++i) {
       const std::string path = (dir_ / ("song" + std::to_string(i) + ".mp3")).string();
       std::ofstream(path, std::ios::binary) << std::string(200000, '\x55');
@@ -77,7 +76,6 @@ class Bench {
     }
   }
   ~Bench() {
-    qc::SetSettingsFolder("");
     std::error_code ec;
     fs::remove_all(dir_, ec);
   }
@@ -106,7 +104,8 @@ class Bench {
   fs::path dir_;
   SilentPrompts prompts_;
   qc::sim::SimDesktop desktop_;
-  const qc::Services services_ = qc::PlatformServices(desktop_, prompts_);
+  qc::SettingsStore settings_{(dir_ / "settings").string()};
+  const qc::Services services_ = qc::PlatformServices(desktop_, prompts_, settings_);
   std::vector<std::string> paths_;
   std::size_t queued_ = 0;
 };

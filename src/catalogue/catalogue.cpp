@@ -30,7 +30,6 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& serv
   f->lstUp->SetMultiSelect(ListBox::kExtended);
 
   const std::pair<Label*, void (*)(FrmMain&)> clicks[] = {
-      {f->lbl_Add, AddSelectedMp3s},
       {f->lbl_refresh, RefreshFolderList},
       {f->lblRemove, RemoveSelectedMp3s},
       {f->lblMp3list, ShowListView},
@@ -42,6 +41,8 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& serv
   };
   for (const auto& [control, handler] : clicks)
     QObject::connect(control, &Label::clicked, control, [f, h = handler] { h(*f); });
+  QObject::connect(f->lbl_Add, &Label::clicked, f->lbl_Add,
+                   [f, s] { AddSelectedMp3s(*f, s->settings); });
   QObject::connect(f->lblSetfolder, &Label::clicked, f->lblSetfolder,
                    [f, p] { ChooseFolder(*f, *p); });
   QObject::connect(f->lbl_Clr, &Label::clicked, f->lbl_Clr, [f, p] { ClearFolderList(*f, *p); });
@@ -63,7 +64,7 @@ void ConnectCatalogue(FrmMain& frmMain, FrmMenu2& frmMenu2, const Services& serv
                    [f](int key) { SubjectKeyPress(*f, key); });
 
   FrmMenu2* m = &frmMenu2;
-  QObject::connect(m->addmp3, &QAction::triggered, m, [f] { AddCurrentMp3(*f); });
+  QObject::connect(m->addmp3, &QAction::triggered, m, [f, s] { AddCurrentMp3(*f, s->settings); });
   QObject::connect(m->viewidtag, &QAction::triggered, m,
                    [f, s] { OpenTagEditor(*f, *f->lstPaths, *f->lstMp3, false, *s); });
   QObject::connect(m->refreshlist, &QAction::triggered, m, [f] { RefreshFolderList(*f); });

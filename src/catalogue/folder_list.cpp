@@ -65,8 +65,8 @@ void SetBold(QWidget* w, bool bold) {
 
 // One pass of the add operations: copies entry i of the catalogue into the selection, shows the
 // file in the info labels and stores its subject line.
-void AddOneMp3(FrmMain& f, long long i) {
-  const std::string subjectTemplate = ReadSetting(Setting::kSubject);
+void AddOneMp3(FrmMain& f, long long i, const SettingsStore& settings) {
+  const std::string subjectTemplate = settings.Read(Setting::kSubject);
   const std::string path = f.lstPaths->List(i);
   f.lstUp->AddItem(f.lstMp3->List(i));
   f.lstPathSelect->AddItem(path);
@@ -162,16 +162,18 @@ void ChooseFolder(FrmMain& f, Prompts& prompts) {
   }
 }
 
-void AddSelectedMp3s(FrmMain& f) {
+void AddSelectedMp3s(FrmMain& f, const SettingsStore& settings) {
   const std::int16_t count = f.lstMp3->ListCount();
   for (long long i = 0; i <= count - 1; ++i) {
     if (!f.lstMp3->Selected(i)) continue;
     f.lstMp3->SetSelected(i, false);
-    AddOneMp3(f, i);
+    AddOneMp3(f, i, settings);
   }
 }
 
-void AddCurrentMp3(FrmMain& f) { AddOneMp3(f, f.lstMp3->ListIndex()); }
+void AddCurrentMp3(FrmMain& f, const SettingsStore& settings) {
+  AddOneMp3(f, f.lstMp3->ListIndex(), settings);
+}
 
 void ClearFolderList(FrmMain& f, Prompts& prompts) {
   const int answer = prompts.MsgBox("Are you sure you want to clear this list?",

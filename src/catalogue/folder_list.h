@@ -12,6 +12,7 @@ namespace qc {
 class FrmMain;
 class ListBox;
 class Prompts;
+class SettingsStore;
 
 // Paths are joined and split with the platform's separator.
 #ifdef _WIN32
@@ -38,8 +39,8 @@ std::string ExpandSubject(std::string subjectTemplate, const std::string& name,
 
 // Click handlers of the select panel.
 void ChooseFolder(FrmMain& f, Prompts& prompts);   // lblSetfolder: appends a folder's files to lstMp3/lstPaths
-void AddSelectedMp3s(FrmMain& f);   // lbl_Add
-void AddCurrentMp3(FrmMain& f);     // the menu's addmp3: the cursor entry, nothing deselected
+void AddSelectedMp3s(FrmMain& f, const SettingsStore& settings);  // lbl_Add
+void AddCurrentMp3(FrmMain& f, const SettingsStore& settings);  // the menu's addmp3: the cursor entry, nothing deselected
 void ClearFolderList(FrmMain& f, Prompts& prompts);   // lbl_Clr, after a Yes
 void RefreshFolderList(FrmMain& f); // lbl_refresh: display texts made anew from the paths
 void RemoveSelectedMp3s(FrmMain& f);  // lblRemove, downward, failures skipped

@@ -1,6 +1,7 @@
 // The subject, body and decoration editors, the opening of all four editors, and their menus.
 #include <QFont>
 #include <QTextCursor>
+#include <memory>
 
 #include "ui/app_path.h"
 #include "ui/qt_glue.h"
@@ -18,23 +19,6 @@ void TakeBackColor(QWidget* w, const QColor& c) {
   QPalette p = w->palette();
   p.setColor(QPalette::Base, c);
   w->setPalette(p);
-}
-
-QPointer<FrmEmailto>& MailListSlot() {
-  static QPointer<FrmEmailto> slot;
-  return slot;
-}
-QPointer<FrmSubject>& SubjectSlot() {
-  static QPointer<FrmSubject> slot;
-  return slot;
-}
-QPointer<FrmBody>& BodySlot() {
-  static QPointer<FrmBody> slot;
-  return slot;
-}
-QPointer<FrmHead>& HeadSlot() {
-  static QPointer<FrmHead> slot;
-  return slot;
 }
 
 void UseSmallFont(QWidget* w) {
@@ -93,7 +77,8 @@ FrmSubject::FrmSubject(const Services& services, FrmMenu* menu, QWidget* parent)
   SetTwipsGeometry(cmdMenu, 120, 1185, 1800, 285);
   cmdExit = addSaveExit(QStringLiteral("cmdExit"), QStringLiteral("save && e&xit"), 2175, 1185,
                         1800, 285);
-  setSaveHook([this] { WriteSetting(Setting::kSubject, FromQ(txtSubj->text())); });
+  SettingsStore* settings = &services.settings;
+  setSaveHook([this, settings] { settings->Write(Setting::kSubject, FromQ(txtSubj->text())); });
   connect(txtSubj, &QLineEdit::textChanged, this, [this] { UpdateLetterCount(); });
   QPointer<FrmMenu> m(menu);
   connect(cmdMenu, &QPushButton::clicked, this, [this, m] {
@@ -104,7 +89,7 @@ FrmSubject::FrmSubject(const Services& services, FrmMenu* menu, QWidget* parent)
   CenterWindow(this);
   StayOnTop(this);
   TakeBackColor(txtSubj, face->backColor());
-  txtSubj->setText(ToQ(ReadSetting(Setting::kSubject)));
+  txtSubj->setText(ToQ(services.settings.Read(Setting::kSubject)));
   UpdateLetterCount();
 }
 
@@ -172,44 +157,32 @@ FrmHead::FrmHead(const Services& services, QWidget* parent)
   SetTwipsGeometry(asciiBack, 1500, 180, 585, 255);
   SSCommand1 = addSaveExit(QStringLiteral("SSCommand1"), QStringLiteral("save && exit"), 120, 900,
                            2160, 285);
-  setSaveHook([this] {
-    WriteSetting(Setting::kAscii1, FromQ(asciiFront->text()));
-    WriteSetting(Setting::kAscii2, FromQ(asciiBack->text()));
+  SettingsStore* settings = &services.settings;
+  setSaveHook([this, settings] {
+    settings->Write(Setting::kAscii1, FromQ(asciiFront->text()));
+    settings->Write(Setting::kAscii2, FromQ(asciiBack->text()));
   });
 
   sizeFromFrame();
   TakeBackColor(asciiFront, face->backColor());
   TakeBackColor(asciiBack, face->backColor());
-  asciiFront->setText(ToQ(ReadSetting(Setting::kAscii1)));
-  asciiBack->setText(ToQ(ReadSetting(Setting::kAscii2)));
+  asciiFront->setText(ToQ(services.settings.Read(Setting::kAscii1)));
+  asciiBack->setText(ToQ(services.settings.Read(Setting::kAscii2)));
 }
 
-FrmEmailto* MailListEditor() { return MailListSlot(); }
-FrmSubject* SubjectEditor() { return SubjectSlot(); }
-FrmBody* BodyEditor() { return BodySlot(); }
-FrmHead* HeadEditor() { return HeadSlot(); }
-
-FrmEmailto* OpenMailListEditor(const Services& services, FrmMenu* menu) {
-  return OpenSecondary(MailListSlot(), services, menu);
-}
-FrmSubject* OpenSubjectEditor(const Services& services, FrmMenu* menu) {
-  return OpenSecondary(SubjectSlot(), services, menu);
-}
-FrmBody* OpenBodyEditor(const Services& services, FrmMenu* menu) {
-  return OpenSecondary(BodySlot(), services, menu);
-}
-FrmHead* OpenHeadEditor(const Services& services) { return OpenSecondary(HeadSlot(), services); }
-
-void ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
+const MailEditors& ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
   FrmMenu* menu = &frmMenu;
   const Services* s = &services;
+  // Held by the connections below: gone with frmMenu's.
+  const auto e = std::make_shared<MailEditors>();
   QObject::connect(frmMenu.editmailform, &QAction::triggered, menu,
-                   [s, menu] { OpenMailListEditor(*s, menu); });
+                   [s, menu, e] { OpenSecondary(e->mailList, *s, menu); });
   QObject::connect(frmMenu.editSubject, &QAction::triggered, menu,
-                   [s, menu] { OpenSubjectEditor(*s, menu); });
+                   [s, menu, e] { OpenSecondary(e->subject, *s, menu); });
   QObject::connect(frmMenu.editBody, &QAction::triggered, menu,
-                   [s, menu] { OpenBodyEditor(*s, menu); });
-  QObject::connect(frmMenu.headfootopt, &QAction::triggered, menu, [s] { OpenHeadEditor(*s); });
+                   [s, menu, e] { OpenSecondary(e->body, *s, menu); });
+  QObject::connect(frmMenu.headfootopt, &QAction::triggered, menu,
+                   [s, e] { OpenSecondary(e->head, *s); });
 
   // The list commands work on the open editor's active list.
   const std::pair<QAction*, void (FrmEmailto::*)()> listCommands[] = {
@@ -222,8 +195,8 @@ void ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
   };
   for (const auto& [action, command] : listCommands) {
     auto c = command;
-    QObject::connect(action, &QAction::triggered, menu, [c] {
-      if (FrmEmailto* w = MailListSlot()) (w->*c)();
+    QObject::connect(action, &QAction::triggered, menu, [c, e] {
+      if (FrmEmailto* w = e->mailList) (w->*c)();
     });
   }
 
@@ -234,8 +207,8 @@ void ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
   };
   for (const auto& [action, key] : subjectKeys) {
     const TemplateKey k = key;
-    QObject::connect(action, &QAction::triggered, menu, [k] {
-      if (FrmSubject* w = SubjectSlot()) InsertTemplateKey(w->txtSubj, k);
+    QObject::connect(action, &QAction::triggered, menu, [k, e] {
+      if (FrmSubject* w = e->subject) InsertTemplateKey(w->txtSubj, k);
     });
   }
 
@@ -248,10 +221,11 @@ void ConnectMailEditors(FrmMenu& frmMenu, const Services& services) {
   };
   for (const auto& [action, key] : bodyKeys) {
     const TemplateKey k = key;
-    QObject::connect(action, &QAction::triggered, menu, [k] {
-      if (FrmBody* w = BodySlot()) InsertTemplateKey(w->txtBody, k);
+    QObject::connect(action, &QAction::triggered, menu, [k, e] {
+      if (FrmBody* w = e->body) InsertTemplateKey(w->txtBody, k);
     });
   }
+  return *e;
 }
 
 }  // namespace qc

@@ -136,20 +136,17 @@ class FrmHead : public SecondaryWindow {
 // focus again. The box is a QLineEdit or a QPlainTextEdit.
 void InsertTemplateKey(QWidget* box, TemplateKey key);
 
-// The open editors (null when unloaded).
-FrmEmailto* MailListEditor();
-FrmSubject* SubjectEditor();
-FrmBody* BodyEditor();
-FrmHead* HeadEditor();
-
-// Open (loading anew when unloaded) without blocking.
-FrmEmailto* OpenMailListEditor(const Services& services, FrmMenu* menu);
-FrmSubject* OpenSubjectEditor(const Services& services, FrmMenu* menu);
-FrmBody* OpenBodyEditor(const Services& services, FrmMenu* menu);
-FrmHead* OpenHeadEditor(const Services& services);
+// The editor windows of one frmMenu: one of each at a time, null while unloaded.
+struct MailEditors {
+  QPointer<FrmEmailto> mailList;
+  QPointer<FrmSubject> subject;
+  QPointer<FrmBody> body;
+  QPointer<FrmHead> head;
+};
 
 // Binds editmailform, editSubject, editBody, headfootopt and the items of mnuEmailto,
-// subjoptions and bodyOpt (the tips are the shell's).
-void ConnectMailEditors(FrmMenu& frmMenu, const Services& services);
+// subjoptions and bodyOpt (the tips are the shell's). The editors it opens live as long as
+// frmMenu's connections.
+const MailEditors& ConnectMailEditors(FrmMenu& frmMenu, const Services& services);
 
 }  // namespace qc

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSaveFile>
 #include <QTimer>
 #include <QWidget>
@@ -36,6 +37,9 @@ QString ShownTextOf(const QWidget* w) {
   if (auto* label = qobject_cast<const QLabel*>(w)) return label->text();
   if (auto* edit = qobject_cast<const QLineEdit*>(w)) return edit->text();
   if (auto* button = qobject_cast<const QAbstractButton*>(w)) return button->text();
+  // Named text panes only: the viewer's operations pane changes at every call.
+  if (auto* text = qobject_cast<const QPlainTextEdit*>(w); text && !w->objectName().isEmpty())
+    return text->toPlainText();
   return QString();
 }
 

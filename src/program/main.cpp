@@ -74,7 +74,8 @@ int main(int argc, char** argv) {
 
   const std::unique_ptr<EmbeddedClient> embedded = StartClient();
   // Built once; every feature reaches the platform through these.
-  const qc::Services services = qc::PlatformServices(embedded->desktop, prompts);
+  qc::SettingsStore settings = qc::SettingsStore::UserStore();
+  const qc::Services services = qc::PlatformServices(embedded->desktop, prompts, settings);
   app.Serve(services);
 
   // The lasting windows live until the program ends at once; nothing deletes them.

@@ -54,8 +54,8 @@ void AskCommentText(FrmMenu& frmMenu, Prompts& prompts) {
   frmMenu.lblRename->SetCaption(FirstCharacters(*answer, kCommentLimit));
 }
 
-void ResetStats(FrmMain& frmMain) {
-  DeleteSetting(kAppName);
+void ResetStats(FrmMain& frmMain, SettingsStore& settings) {
+  settings.DeleteAll();
   frmMain.lblMBs->SetCaption("0");
   frmMain.lblUps->SetCaption("0");
 }
@@ -87,7 +87,8 @@ void ConnectMenus(FrmMain& frmMain, FrmMenu& frmMenu, FrmMenu2& frmMenu2,
     const std::string address = FrmMenu::WebAddress(FromQ(web->objectName()));
     QObject::connect(web, &QAction::triggered, menu, [s, address] { s->openWebPage(address); });
   }
-  QObject::connect(frmMenu.resetstat, &QAction::triggered, menu, [m] { ResetStats(*m); });
+  QObject::connect(frmMenu.resetstat, &QAction::triggered, menu,
+                   [m, s] { ResetStats(*m, s->settings); });
   QObject::connect(frmMenu.kwaittt, &QAction::triggered, menu,
                    [ws] { KillWait(*ws); });
   QObject::connect(frmMenu.kmodallll, &QAction::triggered, menu,

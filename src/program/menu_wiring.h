@@ -9,6 +9,7 @@ class FrmMain;
 class FrmMenu;
 class FrmMenu2;
 class Prompts;
+class SettingsStore;
 struct Services;
 
 inline constexpr int kInputBoxX = 15;  // twips, both input boxes
@@ -23,7 +24,7 @@ void AskCommentText(FrmMenu& frmMenu, Prompts& prompts);
 std::string HandleItemCaption(const std::string& handle);
 
 // resetstat: deletes every setting of the program and zeroes the two all-runs counters.
-void ResetStats(FrmMain& frmMain);
+void ResetStats(FrmMain& frmMain, SettingsStore& settings);
 
 // Binds the popups, the items and the buttons of the three windows, once. `services` must
 // outlive the windows.

@@ -168,15 +168,15 @@ void SlideVersionLabel(Label& label) {
 void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   const std::string screenName = FromCodePage(ClientScreenName(services.windows));
   for (Option item : kOptions)
-    frmMenu.setCheck(item, FlagIsOn(ReadSetting(FlagSetting(item), screenName)));
-  frmMenu.lblHandle->SetCaption(ReadSetting(Setting::kHandle, screenName));
-  frmMenu.lblRename->SetCaption(ReadSetting(Setting::kRename, screenName));
-  frmMain.lblMBs->SetCaption(ReadSetting(Setting::kMbs, screenName));
-  frmMain.lblUps->SetCaption(ReadSetting(Setting::kUps, screenName));
+    frmMenu.setCheck(item, FlagIsOn(services.settings.Read(FlagSetting(item), screenName)));
+  frmMenu.lblHandle->SetCaption(services.settings.Read(Setting::kHandle, screenName));
+  frmMenu.lblRename->SetCaption(services.settings.Read(Setting::kRename, screenName));
+  frmMain.lblMBs->SetCaption(services.settings.Read(Setting::kMbs, screenName));
+  frmMain.lblUps->SetCaption(services.settings.Read(Setting::kUps, screenName));
   frmMenu.userHandle->setText(ToQ(HandleItemCaption(frmMenu.lblHandle->Caption())));
 }
 
-void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
+void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu, SettingsStore& settings) {
   // One write of the store for all thirteen keys: the exit ends the program at once after it,
   // and a kill in the midst leaves the last start's values or all the new ones.
   std::vector<SettingValue> values;
@@ -186,13 +186,13 @@ void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu) {
   add(Setting::kUps, frmMain.lblUps->Caption());
   add(Setting::kHandle, frmMenu.lblHandle->Caption());
   add(Setting::kRename, frmMenu.lblRename->Caption());
-  SaveSettings(kAppName, kOptionsSection, values);
+  settings.Save(kOptionsSection, values);
 }
 
 void ExitProgram(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services) {
   frmMain.hide();
   SayGoodbyeInChat(frmMain, services);
-  SaveUserSettings(frmMain, frmMenu);
+  SaveUserSettings(frmMain, frmMenu, services.settings);
   // At once: no window, no pending event and no waiting run gets to run code again.
   services.endProgram(0);
 }

@@ -16,6 +16,7 @@ class FrmMain;
 class FrmMenu;
 class FrmMenu2;
 class Label;
+class SettingsStore;
 struct Services;
 
 inline constexpr const char* kVersionCaption = "version qc23e";
@@ -89,7 +90,7 @@ void SlideVersionLabel(Label& label);
 // Check marks, the four label values and the handle item's caption from the settings store.
 void RestoreUserSettings(FrmMain& frmMain, FrmMenu& frmMenu, const Services& services);
 // The thirteen keys: nine flags as "1"/"0", then mbs, ups, handle and rename as they stand.
-void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu);
+void SaveUserSettings(const FrmMain& frmMain, const FrmMenu& frmMenu, SettingsStore& settings);
 
 // The exit sequence of picExit and the menu's exit item: hide frmMain, farewell lines, save the
 // thirteen keys, end the program with status 0 through the services' end. It does not look at a

@@ -37,8 +37,8 @@ void AppendListFile(ListBox& list, const std::string& path) {
 void SendNotice(const FrmMain& frmMain, const FrmMenu& frmMenu, const Services& services,
                 const std::string& recipients, const char* word) {
   const RunDrivers& drivers = services.drivers;
-  const std::string decorLeft = ReadSetting(Setting::kAscii1);
-  const std::string decorRight = ReadSetting(Setting::kAscii2);
+  const std::string decorLeft = services.settings.Read(Setting::kAscii1);
+  const std::string decorRight = services.settings.Read(Setting::kAscii2);
   if (drivers.clientVersion() == 3) {
     const std::string subject = decorLeft + word + frmMenu.lblHandle->Caption() + " " +
                                 SelectedMbTotal(frmMain) + "mb " + decorRight;

@@ -9,11 +9,12 @@
 
 namespace qc {
 
-Services PlatformServices(WindowSystem& windows, Prompts& prompts) {
+Services PlatformServices(WindowSystem& windows, Prompts& prompts, SettingsStore& settings) {
   return Services{
       .windows = windows,
       .prompts = prompts,
       .drivers = RealRunDrivers(windows),
+      .settings = settings,
       .today = MachineToday,
       .deskArea = PrimaryScreenDesk,
       .openWebPage =

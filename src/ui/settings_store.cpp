@@ -10,17 +10,28 @@ namespace {
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
 
+}  // namespace
+
+SettingsStore::SettingsStore(const std::string& folder, const std::string& application)
+    : path_(folder + "/" + application + "/" + application + ".ini") {}
+
+SettingsStore SettingsStore::UserStore() {
+  const QString config =
+      qEnvironmentVariable("XDG_CONFIG_HOME", qEnvironmentVariable("HOME") + "/.config");
+  return SettingsStore(config.toStdString());
+}
+
+namespace {
+
 // Each sync writes a temporary file that QSettings renames over the store (atomic sync is its
 // default), so the file is always one whole save.
-QSettings Store(const std::string& application) {
-  return QSettings(QSettings::IniFormat, QSettings::UserScope, Q(application), Q(application));
-}
+QSettings Open(const std::string& path) { return QSettings(Q(path), QSettings::IniFormat); }
 
 }  // namespace
 
-std::string GetSetting(const std::string& application, const std::string& section,
-                       const std::string& key, const std::string& defaultValue) {
-  QSettings s = Store(application);
+std::string SettingsStore::Get(const std::string& section, const std::string& key,
+                               const std::string& defaultValue) const {
+  QSettings s = Open(path_);
   s.beginGroup(Q(section));
   QVariant v = s.value(Q(key));
   if (!v.isValid()) return defaultValue;
@@ -29,59 +40,52 @@ std::string GetSetting(const std::string& application, const std::string& sectio
   return v.toString().toStdString();
 }
 
-void SaveSetting(const std::string& application, const std::string& section,
-                 const std::string& key, const std::string& value) {
-  QSettings s = Store(application);
-  s.beginGroup(Q(section));
-  s.setValue(Q(key), Q(value));
-  s.endGroup();
-  s.sync();
+void SettingsStore::Save(const std::string& section, const std::string& key,
+                         const std::string& value) {
+  Save(section, {{key, value}});
 }
 
-void SaveSettings(const std::string& application, const std::string& section,
-                  const std::vector<SettingValue>& values) {
-  QSettings s = Store(application);
+void SettingsStore::Save(const std::string& section, const std::vector<SettingValue>& values) {
+  QSettings s = Open(path_);
   s.beginGroup(Q(section));
   for (const auto& v : values) s.setValue(Q(v.key), Q(v.value));
   s.endGroup();
   s.sync();
 }
 
-void DeleteSetting(const std::string& application, const std::string& section,
-                   const std::string& key) {
-  QSettings s = Store(application);
+void SettingsStore::Delete(const std::string& section, const std::string& key) {
+  QSettings s = Open(path_);
   s.beginGroup(Q(section));
   s.remove(Q(key));
   s.endGroup();
   s.sync();
 }
 
-void DeleteSetting(const std::string& application, const std::string& section) {
-  QSettings s = Store(application);
+void SettingsStore::Delete(const std::string& section) {
+  QSettings s = Open(path_);
   s.remove(Q(section));
   s.sync();
 }
 
-void DeleteSetting(const std::string& application) {
-  QSettings s = Store(application);
+void SettingsStore::DeleteAll() {
+  QSettings s = Open(path_);
   s.clear();
   s.sync();
 }
 
-void SetSettingsFolder(const std::string& folder) {
-  QString path = folder.empty() ? QString() : Q(folder);
-  if (path.isEmpty()) {
-    // Back to the platform's user configuration folder.
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
-                       qEnvironmentVariable("XDG_CONFIG_HOME",
-                                            qEnvironmentVariable("HOME") + "/.config"));
-  } else {
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
-  }
+std::string SettingsStore::GetTable(const std::string& section, const std::string& key,
+                                    const std::string& screenName) const {
+  return Get(section, key, SettingDefault(SettingOf(section, key), screenName));
 }
 
-std::string SettingsFilePath(const std::string& application) {
-  return Store(application).fileName().toStdString();
+std::string SettingsStore::Read(Setting setting, const std::string& screenName) const {
+  const SettingEntry& e = SettingOf(setting);
+  return Get(e.section, e.key, SettingDefault(e, screenName));
+}
+
+void SettingsStore::Write(Setting setting, const std::string& value) {
+  const SettingEntry& e = SettingOf(setting);
+  Save(e.section, e.key, value);
 }
 
 const std::vector<SettingEntry>& SettingsTable() {
@@ -113,16 +117,6 @@ const SettingEntry& SettingOf(Setting setting) {
   return SettingsTable().at(static_cast<std::size_t>(setting));
 }
 
-std::string ReadSetting(Setting setting, const std::string& screenName) {
-  const SettingEntry& e = SettingOf(setting);
-  return GetSetting(kAppName, e.section, e.key, SettingDefault(e, screenName));
-}
-
-void WriteSetting(Setting setting, const std::string& value) {
-  const SettingEntry& e = SettingOf(setting);
-  SaveSetting(kAppName, e.section, e.key, value);
-}
-
 const SettingEntry& SettingOf(const std::string& section, const std::string& key) {
   for (const auto& entry : SettingsTable()) {
     if (section == entry.section && key == entry.key) return entry;
@@ -137,11 +131,6 @@ std::string SettingDefault(const SettingEntry& entry, const std::string& screenN
     case DefaultKind::kFixed: break;
   }
   return entry.fixedDefault;
-}
-
-std::string GetTableSetting(const std::string& section, const std::string& key,
-                            const std::string& screenName) {
-  return GetSetting(kAppName, section, key, SettingDefault(SettingOf(section, key), screenName));
 }
 
 bool FlagIsOn(const std::string& storedValue) { return LeadingNumber(storedValue) != 0; }

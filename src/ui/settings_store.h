@@ -1,6 +1,5 @@
 #pragma once
-// The per-user settings store: text values by application, section and key, held by QSettings
-// as an INI file in the user's configuration folder (<config>/<application>/<application>.ini).
+// The per-user settings store and the table of its keys, names and defaults.
 #include <array>
 #include <cstddef>
 #include <string>
@@ -11,32 +10,6 @@ namespace qc {
 inline constexpr const char* kAppName = "quillcast";
 inline constexpr const char* kOptionsSection = "tagoptions";
 inline constexpr const char* kSubjectSection = "subject";
-
-// The default comes back when the key does not exist.
-std::string GetSetting(const std::string& application, const std::string& section,
-                       const std::string& key, const std::string& defaultValue);
-void SaveSetting(const std::string& application, const std::string& section,
-                 const std::string& key, const std::string& value);
-struct SettingValue {
-  std::string key;
-  std::string value;
-};
-// Writes the keys in the order given as one save of the store: the file is replaced whole, so a
-// kill leaves it as it was or with every one of them.
-void SaveSettings(const std::string& application, const std::string& section,
-                  const std::vector<SettingValue>& values);
-// Removes one key; without key the whole section; without section every setting of the
-// application.
-void DeleteSetting(const std::string& application, const std::string& section,
-                   const std::string& key);
-void DeleteSetting(const std::string& application, const std::string& section);
-void DeleteSetting(const std::string& application);
-
-// Puts the store's files into `folder` from now on (tests use a temporary folder); an empty text
-// goes back to the user's configuration folder.
-void SetSettingsFolder(const std::string& folder);
-// The INI file that holds the application's settings.
-std::string SettingsFilePath(const std::string& application);
 
 enum class DefaultKind {
   kFixed,          // the text as it stands
@@ -87,13 +60,47 @@ const SettingEntry& SettingOf(Setting setting);
 const SettingEntry& SettingOf(const std::string& section, const std::string& key);
 // The default of an entry; screenName is used only by the defaults that depend on it.
 std::string SettingDefault(const SettingEntry& entry, const std::string& screenName = "");
-// Reads a key of the table with its default from the table.
-std::string GetTableSetting(const std::string& section, const std::string& key,
-                            const std::string& screenName = "");
-std::string ReadSetting(Setting setting, const std::string& screenName = "");
-void WriteSetting(Setting setting, const std::string& value);
 // A stored flag is on for any value whose leading number is not 0 ("2" is on, "x" is off).
 bool FlagIsOn(const std::string& storedValue);
 inline const char* FlagText(bool on) { return on ? "1" : "0"; }
+
+struct SettingValue {
+  std::string key;
+  std::string value;
+};
+
+// One user's store of text values by section and key: an INI file held by QSettings. The program
+// builds one over the user's configuration folder and hands it to the features; tests put theirs
+// in a folder of their own.
+class SettingsStore {
+ public:
+  // The store of `application` in `folder` (<folder>/<application>/<application>.ini).
+  explicit SettingsStore(const std::string& folder, const std::string& application = kAppName);
+  // The store in the user's configuration folder ($XDG_CONFIG_HOME, else ~/.config).
+  static SettingsStore UserStore();
+
+  const std::string& FilePath() const { return path_; }
+
+  // The default comes back when the key does not exist.
+  std::string Get(const std::string& section, const std::string& key,
+                  const std::string& defaultValue) const;
+  void Save(const std::string& section, const std::string& key, const std::string& value);
+  // Writes the keys in the order given as one save of the store: the file is replaced whole, so
+  // a kill leaves it as it was or with every one of them.
+  void Save(const std::string& section, const std::vector<SettingValue>& values);
+  void Delete(const std::string& section, const std::string& key);
+  void Delete(const std::string& section);
+  // Every setting of the application.
+  void DeleteAll();
+
+  // A key of the table, with its default from the table.
+  std::string GetTable(const std::string& section, const std::string& key,
+                       const std::string& screenName = "") const;
+  std::string Read(Setting setting, const std::string& screenName = "") const;
+  void Write(Setting setting, const std::string& value);
+
+ private:
+  std::string path_;
+};
 
 }  // namespace qc

@@ -17,6 +17,7 @@ TEST(ByteText, ValidUtf8DecodesAndStrayBytesTravelAsEscapes) {
       {"caf\xE9.mp3", u"caf\xDCE9.mp3"},                  // Latin-1
       {"\xF0\x9F\x8E\xB5", u"\U0001F3B5"},                 // a pair of surrogates
       {"\xC0\xAF", u"\xDCC0\xDCAF"},                       // overlong
+      {"\xE0\x80\xAF", u"\xDCE0\xDC80\xDCAF"},           // three bytes, overlong
       {"\xED\xA0\x80", u"\xDCED\xDCA0\xDC80"},             // an encoded surrogate
       {"\xF4\x90\x80\x80", u"\xDCF4\xDC90\xDC80\xDC80"},   // past U+10FFFF
       {"\xE2\x82", u"\xDCE2\xDC82"},                       // cut short at the end

@@ -14,19 +14,14 @@ using test::BudgetExhausted;
 using test::PumpBudget;
 using test::VirtualTime;
 
-TEST(Pause, ZeroOrNegativeReturnsWithoutPumping) {
-  VirtualTime vt;
-  auto before = PumpCount();
-  Pause(0);
-  Pause(-1);
-  Pause(std::string("abc"));
-  EXPECT_EQ(PumpCount(), before);
-}
-
 TEST(Pause, WaitsTheGivenTimeWhilePumpingHandlers) {
   VirtualTime vt;
   int ran = 0;
   PumpHookId id = AddPumpHook([&] { ++ran; });
+  Pause(0);
+  Pause(-1);
+  Pause(std::string("abc"));
+  EXPECT_EQ(ran, 0);
   double start = vt.clock().Now();
   Pause(std::string("0.5"));
   EXPECT_GE(vt.clock().Now() - start, 0.5 - 1e-3);
@@ -53,29 +48,17 @@ TEST(Pause, MidnightWrapKeepsTheWaitGoing) {
   EXPECT_NEAR(vt.clock().Now() - restart, 1.0, 0.02);
 }
 
-TEST(Pause, RealClockSleepsToTheDeadlineInAFewPasses) {
-  std::clock_t cpu0 = std::clock();
-  const auto pumps0 = PumpCount();
-  auto wall0 = CurrentClock().Now();
-  Pause(0.2);
-  double wall = CurrentClock().Now() - wall0;
-  double cpu = double(std::clock() - cpu0) / CLOCKS_PER_SEC;
-  EXPECT_GE(wall, 0.19);
-  EXPECT_LT(wall, 0.3);
-  EXPECT_LT(cpu, wall * 0.2);  // a spinning wait would use all of it
-  // One long sleep, and a few short ones where the single-precision timer lags.
-  EXPECT_LT(PumpCount() - pumps0, 10u);
-}
-
-// A hook's announced work ends the idling of every kind of wait when it is due, not later.
-TEST(Waits, WakeWhenAHookHasWork) {
+// Waits sleep between pumps, on either clock: a hook's announced work ends the idling when it is
+// due, not later, and a pause ends on time.
+TEST(Waits, SleepUntilAHookHasWorkOrTheirTimeIsUp) {
   struct Case {
     const char* name;
     bool virtualClock;
-    bool pause;  // Pause(1.0) rather than wait passes until the work is done
+    bool pause;  // Pause(seconds) rather than wait passes until the work is done
+    double seconds, late;  // how long it may run over, the timer being single precision
   };
-  for (const Case& c : {Case{"pause, virtual", true, true}, Case{"pause, real", false, true},
-                        Case{"passes, virtual", true, false}, Case{"passes, real", false, false}}) {
+  for (const Case& c : {Case{"pause, virtual", true, true, 1.0, 0.01}, Case{"pause, real", false, true, 0.1, 0.03},
+                        Case{"passes, virtual", true, false, 0, 0}, Case{"passes, real", false, false, 0, 0}}) {
     SCOPED_TRACE(c.name);
     VirtualClock virtualClock(12 * 3600.0, 10.0);  // steps as long as the wait allows
     std::optional<ScopedClock> scoped;
@@ -90,8 +73,11 @@ TEST(Waits, WakeWhenAHookHasWork) {
         [&] { return doneAt == 0 ? due : kNoWork; });
     const double start = clock.Now();
     const auto pumps0 = PumpCount();
+    const std::clock_t cpu0 = std::clock();
     if (c.pause) {
-      Pause(c.virtualClock ? 1.0 : 0.1);
+      Pause(c.seconds);
+      EXPECT_GE(clock.Now() - start, c.seconds - 0.01);
+      EXPECT_LT(clock.Now() - start, c.seconds + c.late);
     } else {
       PumpBudget budget(100);
       while (doneAt == 0) WaitEvents();
@@ -99,7 +85,11 @@ TEST(Waits, WakeWhenAHookHasWork) {
     RemovePumpHook(id);
     EXPECT_GE(doneAt - start, 0.05);
     EXPECT_LT(doneAt - start, 0.05 + (c.virtualClock ? 1e-9 : 0.02));
+    // A spinning wait would pump thousands of times, or use all the processor's time.
     EXPECT_LT(PumpCount() - pumps0, c.virtualClock ? 5u : 12u);
+    if (!c.virtualClock) {
+      EXPECT_LT(double(std::clock() - cpu0) / CLOCKS_PER_SEC, 0.2 * (clock.Now() - start));
+    }
   }
 }
 
@@ -133,17 +123,8 @@ TEST(DoEvents, HooksMayRemoveThemselves) {
 }
 
 TEST(SkipOnFailure, SwallowsRunTimeFailuresOnly) {
-  int after = 0;
   SkipOnFailure([] { RaiseFailure(kFileNotFound); });
-  ++after;
-  EXPECT_EQ(after, 1);
   EXPECT_THROW(SkipOnFailure([] { throw std::logic_error("bug"); }), std::logic_error);
-  try {
-    RaiseFailure(kInvalidArgument);
-  } catch (const RuntimeFailure& f) {
-    EXPECT_EQ(f.number(), 5);
-    EXPECT_EQ(f.text(), "Invalid procedure call or argument");
-  }
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ class CatalogueTest : public SandboxTest {
     WriteBytes(path, std::string(size - tail.size(), '\xFF') + tail);
     return path;
   }
-  void SetTemplate(const std::string& t) { SaveSetting(kAppName, kSubjectSection, "subject", t); }
+  void SetTemplate(const std::string& t) { settings.Save(kSubjectSection, "subject", t); }
   // Chooses the folder through the scripted folder chooser.
   void Choose(const std::string& folder) {
     prompts.folderAnswers.push_back(folder);
@@ -45,7 +45,7 @@ class CatalogueTest : public SandboxTest {
     main.lstMp3->Clear();
     Choose(folder_);
     for (int i = 0; i < main.lstMp3->ListCount(); ++i) main.lstMp3->SetSelected(i, true);
-    AddSelectedMp3s(main);
+    AddSelectedMp3s(main, settings);
   }
 
   const std::string folder_ = dir / "mp3";

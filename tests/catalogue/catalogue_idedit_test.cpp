@@ -1,13 +1,13 @@
 // The ID tag editor: genre box order, opening through either list, the fill failing at the genre
 // box, the year filter, limits, focus selection, Save and Cancel on real files.
 #include <QApplication>
-#include <algorithm>
 #include <QClipboard>
-#include <QKeyEvent>
+#include <algorithm>
 
 #include "catalogue/frm_idedit.h"
 #include "catalogue_fixture.h"
 #include "codec/genres.h"
+#include "support/qt_events.h"
 
 namespace qc::test {
 namespace {
@@ -34,10 +34,6 @@ class TagEditorTest : public CatalogueTest {
             Ed().txtAlbum->text().toStdString(), Ed().txtYear->text().toStdString(),
             Ed().GenreText(),                    Ed().txtComment->text().toStdString()};
   }
-  static void Key(QWidget* w, int key, const QString& text) {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QCoreApplication::sendEvent(w, &press);
-  }
   static void Closed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
   static std::string Block(const std::string& path) {
     const std::string bytes = ReadBytes(path);
@@ -58,22 +54,18 @@ TEST(GenreBoxOrder, SortedAsTheBoxSortsThem) {
   EXPECT_FALSE(GenreBoxLess("ab", "a-b"));
 }
 
-TEST_F(TagEditorTest, WindowCaptionTabOrderLimitsAndGenreBox) {
+TEST_F(TagEditorTest, WindowCaptionTabOrderAndGenreBox) {
   Pick(Mp3("a.mp3", TagBytes("T", "A", "L", "1999", "C", 0)));
   ViaLblId();
   ASSERT_TRUE(TagEditor());
-  EXPECT_EQ(Ed().objectName(), "frmIDedit");
   EXPECT_EQ(Ed().windowTitle().toStdString(), "MPEG file info box + ID3 tag editor");
-  EXPECT_TRUE(Ed().isVisible());
-  EXPECT_EQ(Ed().txtTitle->maxLength(), 30);
-  EXPECT_EQ(Ed().txtComment->maxLength(), 30);
-  EXPECT_EQ(Ed().txtYear->maxLength(), 4);
+  for (TagTextBox* box : {Ed().txtTitle, Ed().txtArtist, Ed().txtAlbum, Ed().txtComment})
+    EXPECT_EQ(box->maxLength(), 30) << box->objectName().toStdString();
   EXPECT_FALSE(Ed().cmbGenre->isEditable());
   ASSERT_EQ(Ed().cmbGenre->count(), kGenreCount);
   EXPECT_EQ(Ed().cmbGenre->itemText(49).toStdString(), "Eurodance");
   EXPECT_TRUE(Ed().cmdSave->isDefault());
-  EXPECT_EQ(Ed().cmdSave->text(), "&Save");
-  EXPECT_EQ(Ed().cmdCancel->text(), "Ca&ncel");
+  EXPECT_EQ(Ed().cmdSave->text() + Ed().cmdCancel->text(), "&SaveCa&ncel");
   Items chain;
   QWidget* w = Ed().txtTitle;
   for (int i = 0; i < 8; ++i, w = w->nextInFocusChain()) {
@@ -162,16 +154,13 @@ TEST_F(TagEditorTest, SecondOpeningReusesTheWindowAndCancelLeavesTheFile) {
 }
 
 TEST_F(TagEditorTest, FileNameThatIsNotUtf8OpensShowsNulPaddedFieldsAndSaves) {
-  const std::string a =
-      Mp3("caf\xE9.mp3", TagBytes("Old", "Band", "Disc", "2001", "note", 17, '\0'));
+  const std::string a = Mp3("caf\xE9.mp3", TagBytes("Old", "Band", "Disc", "2001", "", 17, '\0'));
   Pick(a);
   ViaLblIdview();
-  EXPECT_TRUE(prompts.boxes.empty());  // found
-  EXPECT_EQ(Boxes(), (std::vector<std::string>{"Old", "Band", "Disc", "2001", "Rock", "note"}));
+  EXPECT_EQ(Boxes(), (Items{"Old", "Band", "Disc", "2001", "Rock", ""}));
   EXPECT_EQ(Ed().lblPath->Caption(), a);
   Ed().txtTitle->setText(QStringLiteral("New"));
   Ed().cmdSave->click();
-  Closed();
   EXPECT_EQ(ReadId3Tag(a).title, "New");
 }
 
@@ -185,12 +174,10 @@ TEST_F(TagEditorTest, YearFilterLimitsAndSelectAllOnFocus) {
   Key(year, Qt::Key_Backspace, QStringLiteral("\b"));
   EXPECT_EQ(year->text(), "199");
   // Editing keys are no typed characters: Delete, the arrows and Home pass.
-  Key(year, Qt::Key_Home, QString());
+  Key(year, Qt::Key_Home);
+  Key(year, Qt::Key_Right);
   Key(year, Qt::Key_Delete, QStringLiteral("\x7f"));
-  EXPECT_EQ(year->text(), "99");
-  Key(year, Qt::Key_Right, QString());
-  Key(year, Qt::Key_Delete, QStringLiteral("\x7f"));
-  EXPECT_EQ(year->text(), "9");
+  EXPECT_EQ(year->text(), "19");
   year->clear();
   QApplication::clipboard()->setText(QStringLiteral("-7a"));
   year->paste();

@@ -16,6 +16,7 @@
 #include "sim/sim_im.h"
 #include "sim/sim_mail.h"
 #include "support/budget.h"
+#include "support/cases.h"
 
 namespace qc {
 namespace {
@@ -29,30 +30,15 @@ class ScenarioTest : public ::testing::Test {
   sim::SimDesktop d;
 };
 
-TEST_F(ScenarioTest, RunMainMenuRunsTheFirstEntryHoldingTheTextWithoutRegardToCase) {
-  struct Case {
-    int generation;
-    const char* text;
-    const char* runs;  // nullptr: nothing
-  };
-  const Case cases[] = {
-      {5, "Keyword...", "Keyword..."},
-      {3, "KEYWORD...", "Keyword..."},
-      {4, "Keyword", "Keyword..."},
-      {5, "re", "Read &Mail"},  // the first entry, left to right and top to bottom
-      {3, "re", "&Directory of Services"},
-      {3, "&compose", "&Compose Mail"},
-      {3, "Read Outgoing", nullptr},  // the client's ampersands are part of the text
-      {2, "Read &Outgoing Flashmail", nullptr},
-      {5, "&Compose Mail", nullptr},
-      {5, "&Mail", "Read &Mail"},  // drop-down titles are not entries
-  };
-  for (const Case& k : cases) {
-    SCOPED_TRACE(std::to_string(k.generation) + " " + k.text);
-    SimClient c(d, {.generation = k.generation});
-    RunMainMenu(d, k.text);
-    EXPECT_EQ(c.EventDetails(sim::kEventMenuItem), k.runs ? Lines{k.runs} : Lines{});
-  }
+// data/main_menu.txt: the entry RunMainMenu runs for a text.
+TEST_F(ScenarioTest, RunMainMenuRunsTheFirstEntryHoldingTheText) {
+  test::RunCases(QC_TEST_DATA_DIR "/main_menu.txt", {{"RunMainMenu", [&](const test::Args& a) {
+                   SimClient c(d, {.generation = std::stoi(a[0])});
+                   RunMainMenu(d, a[1]);
+                   std::string runs;
+                   for (const std::string& entry : c.EventDetails(sim::kEventMenuItem)) runs += entry;
+                   return runs;
+                 }}});
 }
 
 TEST_F(ScenarioTest, BuddyListIsFoundByAnyTextHoldingTheMark) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The README's first run, as a new user meets it, on a virtual X display with a window manager
-# (run under xvfb-run): mail lists, the main window dragged to the top-left, the sample folder,
+# (run under xvfb-run): the shaped window, hints, rolling up, mail lists, the main window dragged to the top-left, the sample folder,
 # selecting and adding, info mode, the handle and id tags boxes and the contact box, a run,
 # Alt+F4, and a second start. Checked by what the program
 # shows (its control dump, QC_CONTROL_DUMP) and by screenshots. Screenshots stay in $OUT.
@@ -114,8 +114,34 @@ start_program() {
   [ -n "$MAIN" ] || fail "no main window of the skin's size"
 }
 
-step "start"
+step "start: the shaped window, a hover hint, the client viewer, roll up and down"
 start_program
+xdotool mousemove 1000 5
+set -- $(window_line frmMain | sed 's/.*" //')
+WX=$1 WY=$2
+sleep 0.5
+shot start
+# The skin's top-left corner is cut away (it shows what lies left of the window); the face is
+# painted.
+[ "$(pixel start $((WX + 1)) $((WY + 1)))" = "$(pixel start $((WX - 3)) $((WY + 1)))" ] ||
+  fail "the window is not cut to its outline"
+[ "$(pixel start $((WX + 120)) $((WY + 60)))" != "0,0,0" ] || fail "the face is not painted"
+# Hovering the stats button puts its hint into the status strip.
+xdotool mousemove $((WX + 202)) $((WY + 123)) sleep 0.2 mousemove $((WX + 203)) $((WY + 124))
+sleep 0.4
+shot hover
+changed=$(compare -metric AE -crop "165x14+$((WX + 41))+$((WY + 99))" "$OUT/start.png" \
+  "$OUT/hover.png" null: 2>&1 || true)
+[ "${changed%%.*}" -gt 20 ] || fail "status strip did not change on hover ($changed pixels)"
+title_shown "simulated AOL client" || fail "no client viewer on screen"
+# The roll button slides the window up to its own row at the screen's top, and back.
+click_at $((WX + 212)) $((WY + 16))
+rolled() { set -- $(window_line frmMain | sed 's/.*" //'); [ "$2" -lt 0 ] && [ "$2" -ge -12 ]; }
+wait_until "rolled up" 10 rolled
+set -- $(window_line frmMain | sed 's/.*" //')
+click_at $((WX + 212)) $(($2 + 16))
+back() { set -- $(window_line frmMain | sed 's/.*" //'); [ "$2" = "$WY" ]; }
+wait_until "rolled down" 10 back
 xdotool mousemove 1000 5
 
 step "1. setup > edit mail lists: an address"
@@ -231,6 +257,11 @@ click_control picBut1
 wait_until "the run to end" 240 grep -qE '^lstUp ListBox .* \| 0 entries' "$DUMP"
 wait_until "the totals" 30 dump_has '| 4 ups : 0.12 mb'
 shot after-run
+# The mails the simulated client queued, as its viewer lists them, are the samples' mails.
+awk '$1 == "events" { sub(/^[^|]*\| /, ""); print }' "$DUMP" | sed 's/\\n/\n/g' |
+  grep -E '^mail (queued|sent|opened):' >"$OUT/mails.txt" || true
+diff -u "$(dirname "$0")/data/sample_run_mails.txt" "$OUT/mails.txt" ||
+  fail "the run's mails differ from the samples' mails"
 
 step "Alt+F4 ends the program as exit does"
 xdotool windowactivate --sync "$MAIN" 2>/dev/null || true

@@ -87,9 +87,9 @@ TEST_F(MenuWiringTest, WebAndHelpItems) {
 }
 
 TEST_F(MenuWiringTest, ResetStatsDeletesEverySettingAndZeroesTheCounters) {
-  SaveSetting(kAppName, kOptionsSection, "mbs", "50");
-  SaveSetting(kAppName, kOptionsSection, "ascii1", "**");
-  SaveSetting(kAppName, kSubjectSection, "subject", "x");
+  settings.Save(kOptionsSection, "mbs", "50");
+  settings.Save(kOptionsSection, "ascii1", "**");
+  settings.Save(kSubjectSection, "subject", "x");
   frmMain.lblMBs->setText("50");
   frmMain.lblUps->setText("9");
   frmMain.lblTagTotal->setText("run line");
@@ -102,7 +102,7 @@ TEST_F(MenuWiringTest, ResetStatsDeletesEverySettingAndZeroesTheCounters) {
   for (const auto& [section, key] : {std::pair{kOptionsSection, "mbs"},
                                      std::pair{kOptionsSection, "ascii1"},
                                      std::pair{kSubjectSection, "subject"}})
-    EXPECT_EQ(GetSetting(kAppName, section, key, "<gone>"), "<gone>") << key;
+    EXPECT_EQ(settings.Get(section, key, "<gone>"), "<gone>") << key;
 }
 
 TEST_F(MenuWiringTest, ExitFromMenuAndFromThePictureButton) {
@@ -110,7 +110,7 @@ TEST_F(MenuWiringTest, ExitFromMenuAndFromThePictureButton) {
   frmMenu.endprog->trigger();
   EXPECT_EQ(ends, std::vector<int>{0});
   EXPECT_FALSE(frmMain.isVisible());
-  EXPECT_EQ(GetSetting(kAppName, kOptionsSection, "frmmenu.autohead.Checked", "?"), "1");
+  EXPECT_EQ(settings.Get(kOptionsSection, "frmmenu.autohead.Checked", "?"), "1");
   frmMain.show();
   emit frmMain.picExit->clicked();
   EXPECT_EQ(ends, (std::vector<int>{0, 0}));
@@ -158,13 +158,14 @@ TEST_F(MenuWiringTest, AboutAndEditorItemsOpenTheirWindowsWithoutBlocking) {
   EXPECT_EQ(about->lblName->text(), "dj quill");
   delete about;
   frmMenu.editSubject->trigger();
-  ASSERT_NE(SubjectEditor(), nullptr);
-  EXPECT_TRUE(SubjectEditor()->isVisible());
   frmMenu.headfootopt->trigger();
-  ASSERT_NE(HeadEditor(), nullptr);
-  EXPECT_TRUE(HeadEditor()->isVisible());
-  delete SubjectEditor();
-  delete HeadEditor();
+  for (const char* name : {"frmSubject", "frmHead"}) {
+    QWidget* editor = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (w->objectName() == name && w->isVisible()) editor = w;
+    ASSERT_NE(editor, nullptr) << name;
+    delete editor;
+  }
 }
 
 #ifdef QC_QUILLCAST_BIN

@@ -23,8 +23,8 @@ struct ProgramEnded {};
 class StartupTest : public SandboxTest {
  protected:
   StartupTest() { services.endProgram = [](int) { throw ProgramEnded{}; }; }
-  static std::string Stored(const std::string& key) {
-    return GetSetting(kAppName, kOptionsSection, key, "<none>");
+  std::string Stored(const std::string& key) {
+    return settings.Get(kOptionsSection, key, "<none>");
   }
   static std::string FlagKey(const char* item) {
     return std::string("frmmenu.") + item + ".Checked";
@@ -37,8 +37,16 @@ class StartupTest : public SandboxTest {
   FrmMenu frmMenu;
 };
 
-TEST_F(StartupTest, FirstStartWithEmptyStoreGivesDefaults) {
+TEST_F(StartupTest, RestoreTakesDefaultsFlagsByTheirNumberAndValuesAsTheyStand) {
+  // Without a client the screen-name defaults are empty, and an empty handle stands once saved.
+  RestoreUserSettings(frmMain, frmMenu, services);
+  EXPECT_EQ(Names(), "|uploaded by |&handle []");
+  SaveUserSettings(frmMain, frmMenu, settings);
   StartClient(5);
+  RestoreUserSettings(frmMain, frmMenu, services);
+  EXPECT_EQ(Names(), "|uploaded by |&handle []");
+
+  settings.DeleteAll();
   // Set everything the other way first, so that the defaults must come from the store.
   for (const char* item : kOptionItems) frmMenu.setCheck(item, std::string(item) == "renamecomment");
   frmMain.lblMBs->setText("99");
@@ -47,60 +55,19 @@ TEST_F(StartupTest, FirstStartWithEmptyStoreGivesDefaults) {
     EXPECT_EQ(frmMenu.check(item), std::string(item) != "renamecomment") << item;
   EXPECT_EQ(frmMain.lblUps->Caption() + frmMain.lblMBs->Caption(), "00");
   EXPECT_EQ(Names(), "Brindle Rose|uploaded by Brindle Rose|&handle [Brindle Rose]");
-}
 
-TEST_F(StartupTest, NoClientGivesEmptyHandleWhichStandsOnceSaved) {
-  RestoreUserSettings(frmMain, frmMenu, services);
-  EXPECT_EQ(Names(), "|uploaded by |&handle []");
-  SaveUserSettings(frmMain, frmMenu);
-  StartClient(5);
-  RestoreUserSettings(frmMain, frmMenu, services);
-  EXPECT_EQ(Names(), "|uploaded by |&handle []");
-}
-
-TEST_F(StartupTest, StoredFlagValuesAndValuesAsTheyStand) {
   for (const auto& [stored, checked] :
        {std::pair{"0", false}, std::pair{"7", true}, std::pair{"1", true}, std::pair{"x", false}}) {
-    SaveSetting(kAppName, kOptionsSection, FlagKey("autohead"), stored);
-    SaveSetting(kAppName, kOptionsSection, FlagKey("renamecomment"), stored);
+    settings.Save(kOptionsSection, {{FlagKey("autohead"), stored}, {FlagKey("renamecomment"), stored}});
     RestoreUserSettings(frmMain, frmMenu, services);
     EXPECT_EQ(frmMenu.check("autohead"), checked) << stored;
     EXPECT_EQ(frmMenu.check("renamecomment"), checked) << stored;
   }
   // No parsing of the four values.
-  SaveSetting(kAppName, kOptionsSection, "mbs", "12.50");
-  SaveSetting(kAppName, kOptionsSection, "ups", "abc");
-  SaveSetting(kAppName, kOptionsSection, "handle", "  dj Quill ");
+  settings.Save(kOptionsSection, {{"mbs", "12.50"}, {"ups", "abc"}, {"handle", "  dj Quill "}});
   RestoreUserSettings(frmMain, frmMenu, services);
   EXPECT_EQ(frmMain.lblUps->Caption() + " " + frmMain.lblMBs->Caption(), "abc 12.50");
   EXPECT_EQ(frmMenu.userHandle->text().toStdString(), "&handle [  dj Quill ]");
-}
-
-TEST_F(StartupTest, TogglesPersistAcrossARestart) {
-  RestoreUserSettings(frmMain, frmMenu, services);
-  // A toggle flips its own check mark, nothing more.
-  frmMenu.bbcemail->trigger();
-  frmMenu.renamecomment->trigger();
-  frmMenu.memberlst->trigger();
-  frmMenu.memberlst->trigger();
-  frmMenu.lblHandle->setText("quill");
-  frmMenu.lblRename->setText("ripped by quill");
-  frmMain.lblMBs->setText("3.5");
-  frmMain.lblUps->setText("2");
-  EXPECT_THROW(ExitProgram(frmMain, frmMenu, services), ProgramEnded);
-  for (const char* item : kOptionItems)
-    EXPECT_EQ(Stored(FlagKey(item)), std::string(item) != "bbcemail" ? "1" : "0") << item;
-  EXPECT_EQ(Stored("mbs") + Stored("ups") + Stored("handle") + Stored("rename"),
-            "3.52quillripped by quill");
-  FrmMain main2;
-  FrmMenu menu2;
-  RestoreUserSettings(main2, menu2, services);
-  EXPECT_FALSE(menu2.check("bbcemail"));
-  EXPECT_TRUE(menu2.check("renamecomment"));
-  EXPECT_TRUE(menu2.check("memberlst"));
-  EXPECT_EQ(menu2.lblRename->Caption(), "ripped by quill");
-  EXPECT_EQ(main2.lblMBs->Caption(), "3.5");
-  EXPECT_EQ(menu2.userHandle->text().toStdString(), "&handle [quill]");
 }
 
 TEST_F(StartupTest, WarningOnlyForGenerationsTwoAndFourBeforeAnythingShows) {
@@ -140,7 +107,7 @@ TEST_F(StartupTest, WarningComesBeforeTheSplashShows) {
   StartClient(4);
   SplashWatcher watcher;
   FrmMenu2 menu2;
-  const Services asked{.windows = desktop, .prompts = watcher};
+  const Services asked{.windows = desktop, .prompts = watcher, .settings = settings};
   auto* start = new FrmStart({&frmMain, &frmMenu, &menu2}, asked);
   watcher.splash = start;
   start->Open();
@@ -166,22 +133,11 @@ TEST_F(StartupTest, VersionLabelSlidesFromOutsideToFiftySevenTwentyFive) {
   EXPECT_EQ(label.x(), ToPixelsX(5725));
 }
 
-TEST_F(StartupTest, NoneOfTheVersionShowsBeforeTheSlide) {
-  FrmMenu2 menu2;
-  QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2}, services);
-  start->Open();
-  start->tmrLoad->stop();
-  const Label& label = *start->lblVersion;
-  EXPECT_LE(label.x() + label.width(), 0);
-  EXPECT_LT(QFontMetrics(label.font()).horizontalAdvance(label.text()), label.width());
-  delete start;
-}
-
 TEST_F(StartupTest, WholeLoadFromSplashToMainWindowGreetsTheRoomFirst) {
   StartClient(5, "Ilona");
   sim::SimChat chat(*client);
   const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
-  SaveSetting(kAppName, kOptionsSection, FlagKey("sendlater"), "0");
+  settings.Save(kOptionsSection, FlagKey("sendlater"), "0");
   FrmMenu2 menu2;
   QPointer<FrmStart> start = new FrmStart({&frmMain, &frmMenu, &menu2}, services);
   EXPECT_EQ(start->lblVersion->text(), "version qc23e");
@@ -200,6 +156,12 @@ TEST_F(StartupTest, WholeLoadFromSplashToMainWindowGreetsTheRoomFirst) {
   start->Open();
   EXPECT_TRUE(start->isVisible());
   EXPECT_FALSE(frmMain.isVisible());
+  {
+    // None of the version shows before its slide.
+    const Label& label = *start->lblVersion;
+    EXPECT_LE(label.x() + label.width(), 0);
+    EXPECT_LT(QFontMetrics(label.font()).horizontalAdvance(label.text()), label.width());
+  }
   QElapsedTimer clock;
   clock.start();
   while (!loaded && clock.elapsed() < 5000) QApplication::processEvents(QEventLoop::AllEvents, 50);
@@ -219,12 +181,21 @@ TEST_F(StartupTest, WholeLoadFromSplashToMainWindowGreetsTheRoomFirst) {
   EXPECT_FALSE(frmMain.mask().isEmpty());
 }
 
-TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
+TEST_F(StartupTest, ExitHidesSaysGoodbyeSavesAndTheNextStartHasItAll) {
   StartClient(5);
   sim::SimChat chat(*client);
   const Hwnd room = chat.OpenRoom("Town Square - Lobby 12");
+  RestoreUserSettings(frmMain, frmMenu, services);
+  // A toggle flips its own check mark, nothing more.
+  frmMenu.bbcemail->trigger();
+  frmMenu.renamecomment->trigger();
+  frmMenu.memberlst->trigger();
+  frmMenu.memberlst->trigger();
+  frmMenu.lblHandle->setText("quill");
+  frmMenu.lblRename->setText("ripped by quill");
+  frmMain.lblMBs->setText("3.5");
+  frmMain.lblUps->setText("2");
   frmMain.show();
-  frmMain.lblUps->setText("5");
   bool visibleDuringGoodbye = false;
   bool savedBeforeGoodbye = false;
   const PumpHookId hook = AddPumpHook([&] {
@@ -238,10 +209,22 @@ TEST_F(StartupTest, ExitHidesThenSaysGoodbyeThenSaves) {
   RemovePumpHook(hook);
   EXPECT_FALSE(visibleDuringGoodbye);
   EXPECT_FALSE(savedBeforeGoodbye);
-  EXPECT_EQ(Stored("ups"), "5");
   const std::vector<std::string> lines = chat.Transcript(room);
   ASSERT_EQ(lines.size(), 3u);
   EXPECT_NE(lines[1].find("end"), std::string::npos) << lines[1];
+  for (const char* item : kOptionItems)
+    EXPECT_EQ(Stored(FlagKey(item)), std::string(item) != "bbcemail" ? "1" : "0") << item;
+  EXPECT_EQ(Stored("mbs") + Stored("ups") + Stored("handle") + Stored("rename"),
+            "3.52quillripped by quill");
+  FrmMain main2;
+  FrmMenu menu2;
+  RestoreUserSettings(main2, menu2, services);
+  EXPECT_FALSE(menu2.check("bbcemail"));
+  EXPECT_TRUE(menu2.check("renamecomment"));
+  EXPECT_TRUE(menu2.check("memberlst"));
+  EXPECT_EQ(menu2.lblRename->Caption(), "ripped by quill");
+  EXPECT_EQ(main2.lblMBs->Caption(), "3.5");
+  EXPECT_EQ(menu2.userHandle->text().toStdString(), "&handle [quill]");
 }
 
 // The exit press while a real tagging run waits on the client: the program ends inside the run,
@@ -281,8 +264,8 @@ TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
   ASSERT_TRUE(pressed);
   EXPECT_FALSE(runReturned);
   EXPECT_FALSE(frm.isVisible());
-  const auto stored = [](const std::string& key) {
-    return GetSetting(kAppName, kOptionsSection, key, "?");
+  const auto stored = [this](const std::string& key) {
+    return settings.Get(kOptionsSection, key, "?");
   };
   EXPECT_EQ(stored("ups"), "11");
   EXPECT_EQ(stored("mbs"), "21.5");

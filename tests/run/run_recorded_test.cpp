@@ -175,16 +175,6 @@ TEST_F(RecordedRun, SizesAndSubjectsAsTheyShow) {
   }
 }
 
-TEST_F(RecordedRun, IndexLabelShowsTheBlankAfterTheStroke) {
-  std::vector<std::string> seen;
-  for (int i = 0; i < 12; ++i) Choose("f" + std::to_string(i) + ".mp3", 1000, "s");
-  onFile = [&](int) { seen.push_back(frm.lblTagIndex->Caption()); };
-  Run();
-  ASSERT_EQ(seen.size(), 12u);
-  EXPECT_EQ(seen[2], "3/ 12");
-  EXPECT_EQ(seen[11], "12/ 12");
-}
-
 TEST_F(RecordedRun, RecipientsFromTheListsAndTheBlindCopyForm) {
   WriteList("lstMember.sys", "ann\r\nbob\r\n");
   WriteList("lstUpload.sys", "cy\r\nann\r\n");

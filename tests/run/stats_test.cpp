@@ -10,38 +10,14 @@ namespace qc::test {
 namespace {
 
 TEST(TotalSizeText, MegabytesBelowAThousandGigsFromItOrAFailure) {
-  struct Case {
-    const char* in;
-    const char* out;  // empty: the failure is expected
-    int failure;
-  } cases[] = {
-      {"85.2", "85.20mbs"},
-      {"999.99", "999.99mbs"},
-      {"1000", "1.00gigs"},
-      {"1500000", "1,500.00gigs"},
-      {"0", "0.00mbs"},
-      {".5", "0.50mbs"},
-      {" 3.5 ", "3.50mbs"},
-      {"1,234.5", "1.23gigs"},     // thousands separators are read
-      {"1235", "1.24gigs"},        // the format rounds halves away from zero
-      {"999.995", "1,000.00mbs"},  // the unit is chosen before the format rounds
-      {"12.34567", "12.35mbs"},    // four places first: 12.3457
-      {"0.00005", "0.00mbs"},      // a half of the last place goes to the even side
-      {"0.00015", "0.00mbs"},      // .0002 then rounds down
-      {"1e3", "1.00gigs"},
-      {"922337203685477.5807", "922,337,203,685.48gigs"},
-      {"-85.2", "-85.20mbs"},
-      {"", "", kTypeMismatch},
-      {"12 mb", "", kTypeMismatch},
-      {"1.2.3", "", kTypeMismatch},
-      {"1e", "", kTypeMismatch},
-      {"1e400", "", kOverflow},
-      {"922337203685477.5808", "", kOverflow},
-  };
-  for (const Case& c : cases) {
+  const auto rows = ReadTable(QC_TEST_DATA_DIR "/total_size.txt");
+  ASSERT_EQ(rows.size(), 22u);
+  for (const TableRow& row : rows) {
+    const std::string in = row.text.value_or("");
+    const int failure = row.words[0] == "failure" ? std::stoi(row.words[1]) : 0;
     std::string got;
-    EXPECT_EQ(FailureNumberOf([&] { got = TotalSizeText(std::string(c.in)); }), c.failure) << c.in;
-    EXPECT_EQ(got, c.out) << c.in;
+    EXPECT_EQ(FailureNumberOf([&] { got = TotalSizeText(in); }), failure) << in;
+    EXPECT_EQ(got, failure ? "" : row.words[0]) << in;
   }
 }
 

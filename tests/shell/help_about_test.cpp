@@ -1,8 +1,6 @@
 // Help boxes with their exact bytes, the about window, and the compiled artwork.
-#include <QApplication>
 #include <QImage>
 #include <QLabel>
-#include <QMouseEvent>
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -14,6 +12,7 @@
 #include "shell/help.h"
 #include "shell/skin_art.h"
 #include "shell/skin_layout.h"
+#include "support/qt_events.h"
 #include "support/sandbox.h"
 #include "qstring_print.h"
 
@@ -62,49 +61,36 @@ TEST(AboutTest, ShowsTheFixedTextsAndTheLowerCasedHandle) {
   delete about;
 }
 
-void PressOn(QWidget* w, Qt::MouseButton button) {
-  QMouseEvent e(QEvent::MouseButtonPress, QPointF(3, 3), w->mapToGlobal(QPointF(3, 3)), button,
-                button, Qt::NoModifier);
-  QApplication::sendEvent(w, &e);
-}
-
 TEST(AboutTest, AnyPressOnAnyPartUnloadsIt) {
   const std::pair<const char*, Qt::MouseButton> presses[] = {
       {"frmAbout", Qt::LeftButton}, {"Frame1", Qt::RightButton}, {"Image1", Qt::MiddleButton},
       {"Label1", Qt::LeftButton},   {"Label2", Qt::RightButton}, {"Label7", Qt::MiddleButton},
       {"lblName", Qt::LeftButton},  {"pnlAbout", Qt::RightButton}};
-  for (const auto& [part, b] : presses) {
-    {
-      QPointer<FrmAbout> slot;
-      OpenAbout(slot, QStringLiteral("h"));
-      QWidget* target = slot->objectName() == part ? slot.data()
-                                                   : slot->findChild<QWidget*>(part);
-      ASSERT_NE(target, nullptr) << part;
-      PressOn(target, b);
-      EXPECT_FALSE(slot->isVisible()) << part;
-      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-      EXPECT_TRUE(slot.isNull()) << part;
-    }
+  for (const auto& [part, button] : presses) {
+    QPointer<FrmAbout> slot;
+    OpenAbout(slot, QStringLiteral("h"));
+    QWidget* target = slot->objectName() == part ? slot.data() : slot->findChild<QWidget*>(part);
+    ASSERT_NE(target, nullptr) << part;
+    test::SendMouse(target, QEvent::MouseButtonPress, button);
+    EXPECT_FALSE(slot->isVisible()) << part;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(slot.isNull()) << part;
   }
 }
 
-TEST(SkinArtTest, PicturesHaveTheirSizesAndTheOutlineColourAtTheCorner) {
+TEST(SkinArtTest, PicturesHaveTheirSizesAndTheOutlineLeavesTheLastRowAndColumnBare) {
   const QImage picture = SkinArt("picture1").toImage();
   ASSERT_EQ(picture.size(), QSize(245, 136));
   EXPECT_EQ(picture.pixel(0, 0) & 0xFFFFFF, skin::kTransparentRgb);
+  // The background is one pixel narrower and shorter: nothing may show outside it.
   EXPECT_EQ(SkinArt("background").size(), QSize(244, 135));
+  for (int x = 0; x < 245; ++x) EXPECT_EQ(picture.pixel(x, 135) & 0xFFFFFF, skin::kTransparentRgb);
+  for (int y = 0; y < 136; ++y) EXPECT_EQ(picture.pixel(244, y) & 0xFFFFFF, skin::kTransparentRgb);
   for (const skin::ArtSize& a : skin::kArtSizes) {
     EXPECT_EQ(ButtonArt(a.number).size(), QSize(a.width, a.height)) << "p" << a.number;
   }
   EXPECT_FALSE(SkinArt("title").isNull());
   EXPECT_FALSE(SkinArt("logo").isNull());
-}
-
-TEST(SkinArtTest, TheOutlineLeavesTheLastRowAndColumnToTheBackground) {
-  // The background is one pixel narrower and shorter: nothing may show outside it.
-  const QImage picture = SkinArt("picture1").toImage();
-  for (int x = 0; x < 245; ++x) EXPECT_EQ(picture.pixel(x, 135) & 0xFFFFFF, skin::kTransparentRgb);
-  for (int y = 0; y < 136; ++y) EXPECT_EQ(picture.pixel(244, y) & 0xFFFFFF, skin::kTransparentRgb);
 }
 
 }  // namespace

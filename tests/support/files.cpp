@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <system_error>
 
 #include "base/failure.h"
@@ -57,6 +58,23 @@ int FailureNumberOf(const std::function<void()>& f) {
     return e.number();
   }
   return 0;
+}
+
+std::vector<TableRow> ReadTable(const std::string& path) {
+  std::ifstream in(path);
+  std::vector<TableRow> rows;
+  for (std::string line; std::getline(in, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    TableRow row;
+    if (const auto bar = line.find(" |"); bar != std::string::npos) {
+      row.text = line.substr(bar + 2);
+      line.resize(bar);
+    }
+    std::istringstream words(line);
+    for (std::string w; words >> w;) row.words.push_back(w);
+    rows.push_back(row);
+  }
+  return rows;
 }
 
 }  // namespace qc::test

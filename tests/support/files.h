@@ -1,9 +1,11 @@
 #pragma once
 // Qt-free helpers shared by every suite: a private temporary folder, whole-file bytes, raw tag
-// blocks and the number of the run-time failure a call raises.
+// blocks, the number of the run-time failure a call raises and table files of test data.
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace qc::test {
 
@@ -34,5 +36,13 @@ std::string TagBytes(const std::string& title, const std::string& artist = "",
 
 // The failure number `f` raises, 0 when it returns.
 int FailureNumberOf(const std::function<void()>& f);
+
+// One line of a table file split at its blanks, with the text after " |" kept whole.
+struct TableRow {
+  std::vector<std::string> words;
+  std::optional<std::string> text;
+};
+// The rows of a table file; blank lines and lines that begin with '#' are left out.
+std::vector<TableRow> ReadTable(const std::string& path);
 
 }  // namespace qc::test

@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "base/pump.h"
-#include "ui/settings_store.h"
 
 namespace qc::test {
 
@@ -21,14 +20,11 @@ ScopedEnv::~ScopedEnv() {
   }
 }
 
-Sandbox::Sandbox() {
-  SetSettingsFolder(dir / "settings");
-}
+Sandbox::Sandbox() = default;
 
 Sandbox::~Sandbox() {
   StopClient();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  SetSettingsFolder("");
 }
 
 sim::SimClient& Sandbox::StartClient(int generation, const std::string& screenName) {

@@ -17,6 +17,7 @@
 #include "support/files.h"
 #include "support/scripted_prompts.h"
 #include "ui/services.h"
+#include "ui/settings_store.h"
 
 namespace qc::test {
 
@@ -48,6 +49,7 @@ class Sandbox {
   const std::string app = dir / "app";  // the program's folder (it joins the body file bare)
   VirtualTime time;
   ScriptedPrompts prompts;
+  SettingsStore settings{dir / "settings"};
   std::vector<int> ends;  // statuses the program would have ended with
   sim::SimDesktop desktop;
   // The real run drivers on the desktop, today a Friday, the test screen's desk; the web page
@@ -56,6 +58,7 @@ class Sandbox {
   Services services{.windows = desktop,
                     .prompts = prompts,
                     .drivers = RealRunDrivers(desktop),
+                    .settings = settings,
                     .today = [] { return CivilDate{1999, 1, 1}; },
                     .deskArea = PrimaryScreenDesk,
                     .openWebPage = [this](const std::string& a) { opened.push_back(a); },

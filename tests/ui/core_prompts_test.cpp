@@ -30,53 +30,49 @@ void WhenOpen(std::function<void(QWidget*)> act) {
   timer->start();
 }
 
-TEST(QtPrompts, MessageBoxShowsTextTitleIconOnTopAndAnswersOk) {
+TEST(QtPrompts, MessageBoxShowsTextTitleIconAndButtonsOnTopAndGivesTheAnswer) {
   QtPrompts prompts;
-  const std::pair<int, QMessageBox::Icon> cases[] = {
-      {kOkOnly, QMessageBox::NoIcon},
-      {kCritical | kSystemModal, QMessageBox::Critical},
-      {kQuestion, QMessageBox::Question},
-      {kExclamation, QMessageBox::Warning},
-      {kInformation | kSystemModal, QMessageBox::Information},
+  using Box = QMessageBox;
+  const struct {
+    int flags;
+    Box::Icon icon;
+    Box::StandardButtons buttons;
+    Box::StandardButton press;  // none: the box is closed
+    int answer;
+  } cases[] = {
+      {kOkOnly, Box::NoIcon, Box::Ok, Box::Ok, kAnswerOk},
+      {kCritical | kSystemModal, Box::Critical, Box::Ok, Box::Ok, kAnswerOk},
+      {kExclamation, Box::Warning, Box::Ok, Box::Ok, kAnswerOk},
+      {kInformation | kSystemModal, Box::Information, Box::Ok, Box::Ok, kAnswerOk},
+      {kYesNo | kQuestion, Box::Question, Box::Yes | Box::No, Box::Yes, kAnswerYes},
+      {kYesNo, Box::NoIcon, Box::Yes | Box::No, Box::No, kAnswerNo},
+      {kYesNo, Box::NoIcon, Box::Yes | Box::No, Box::NoButton, kAnswerNo},
   };
-  for (const auto& [flags, expected] : cases) {
+  for (const auto& c : cases) {
     QString text, title;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Box::Icon icon = Box::NoIcon;
+    Box::StandardButtons buttons;
     bool onTop = false;
     WhenOpen([&](QWidget* w) {
-      auto* box = qobject_cast<QMessageBox*>(w);
+      auto* box = qobject_cast<Box*>(w);
       ASSERT_NE(box, nullptr);
       text = box->text();
       title = box->windowTitle();
       icon = box->icon();
+      buttons = box->standardButtons();
       onTop = box->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-      EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
-      box->button(QMessageBox::Ok)->click();
+      c.press == Box::NoButton ? void(box->close()) : box->button(c.press)->click();
     });
-    EXPECT_EQ(prompts.MsgBox("no files\xC3\xA8 chosen", flags, "error:"), kAnswerOk);
+    EXPECT_EQ(prompts.MsgBox("no files\xC3\xA8 chosen", c.flags, "error:"), c.answer) << c.flags;
     EXPECT_EQ(text, QString::fromUtf8("no files\xC3\xA8 chosen"));
     EXPECT_EQ(title, "error:");
-    EXPECT_EQ(icon, expected) << flags;
-    if (flags & kSystemModal) {
+    EXPECT_EQ(icon, c.icon) << c.flags;
+    EXPECT_EQ(buttons, c.buttons) << c.flags;
+    if (c.flags & kSystemModal) {
       EXPECT_TRUE(onTop);
     }
     EXPECT_EQ(QtPrompts::OpenDialog(), nullptr);
   }
-}
-
-TEST(QtPrompts, YesNoBoxAnswersYesOrNo) {
-  QtPrompts prompts;
-  for (auto [button, answer] : {std::pair{QMessageBox::Yes, kAnswerYes},
-                                std::pair{QMessageBox::No, kAnswerNo}}) {
-    WhenOpen([button = button](QWidget* w) {
-      auto* box = static_cast<QMessageBox*>(w);
-      EXPECT_EQ(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
-      box->button(button)->click();
-    });
-    EXPECT_EQ(prompts.MsgBox("sure?", kYesNo | kQuestion, "quill cast"), answer);
-  }
-  WhenOpen([](QWidget* w) { w->close(); });
-  EXPECT_EQ(prompts.MsgBox("sure?", kYesNo, "t"), kAnswerNo);
 }
 
 TEST(QtPrompts, InputBoxStandsAtTheTwipPositionAndGivesTheText) {
@@ -114,46 +110,42 @@ TEST(QtPrompts, PromptsBelongToTheFormInUseStandInFrontAndBreakLinesAtCarriageRe
   QWidget mainForm;
   QtPrompts prompts(&mainForm);
   ASSERT_EQ(QApplication::activeWindow(), nullptr);
-  struct Seen {
-    QWidget* owner = nullptr;
-    bool onTop = false;
-    QString text;
+  QWidget* owner = nullptr;
+  bool onTop = false;
+  QString text;
+  auto ask = [&](const std::function<void()>& prompt) {
+    owner = nullptr;
+    onTop = false;
+    WhenOpen([&](QWidget* w) {
+      owner = w->parentWidget();
+      onTop = w->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+      if (auto* input = qobject_cast<QInputDialog*>(w)) text = input->labelText();
+      if (auto* box = qobject_cast<QMessageBox*>(w)) {
+        text = box->text();
+        box->button(QMessageBox::Ok)->click();
+      }
+      if (w->isVisible()) static_cast<QDialog*>(w)->reject();
+    });
+    prompt();
   };
-  auto seen = [](QWidget* w, const QString& text) {
-    return Seen{w->parentWidget(), w->windowFlags().testFlag(Qt::WindowStaysOnTopHint), text};
-  };
-  Seen input, box, folder;
-  WhenOpen([&](QWidget* w) {
-    input = seen(w, static_cast<QInputDialog*>(w)->labelText());
-    static_cast<QDialog*>(w)->reject();
-  });
-  prompts.InputBox("rename to...\r\r\r...30 letters max.", "id tags", "", 15, 15);
-  EXPECT_EQ(input.owner, &mainForm);  // nothing of ours active: the main window
-  EXPECT_TRUE(input.onTop);
-  EXPECT_EQ(input.text, "rename to...\n\n\n...30 letters max.");
-
+  ask([&] { prompts.InputBox("rename to...\r\r\r...30 letters max.", "id tags", "", 15, 15); });
+  EXPECT_EQ(owner, &mainForm);  // nothing of ours active: the main window
+  EXPECT_TRUE(onTop);
+  EXPECT_EQ(text, "rename to...\n\n\n...30 letters max.");
   // An editor the user works in owns what it asks, message boxes of any flags included.
   QWidget editor;
   editor.show();
-  editor.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
-  WhenOpen([&](QWidget* w) {
-    box = seen(w, static_cast<QMessageBox*>(w)->text());
-    static_cast<QMessageBox*>(w)->button(QMessageBox::Ok)->click();
-  });
-  prompts.MsgBox("line one\rline two\r\n", kOkOnly, "contact");
-  EXPECT_EQ(box.owner, &editor);
-  EXPECT_TRUE(box.onTop);
-  EXPECT_EQ(box.text, "line one\nline two\n");
-  editor.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
-  WhenOpen([&](QWidget* w) {
-    folder = seen(w, w->windowTitle());
-    static_cast<QDialog*>(w)->reject();
-  });
-  prompts.BrowseForFolder("Select Mp3 Folder:");
-  EXPECT_EQ(folder.owner, &editor);
-  EXPECT_TRUE(folder.onTop);
+  const std::function<void()> asked[] = {
+      [&] { prompts.MsgBox("line one\rline two\r\n", kOkOnly, "contact"); },
+      [&] { prompts.BrowseForFolder("Select Mp3 Folder:"); }};
+  for (const auto& prompt : asked) {
+    editor.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+    ask(prompt);
+    EXPECT_EQ(owner, &editor);
+    EXPECT_TRUE(onTop);
+  }
+  EXPECT_EQ(text, "line one\nline two\n");
 }
 
 TEST(QtPrompts, FolderChooserGivesAFolderOrNothing) {

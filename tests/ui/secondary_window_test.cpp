@@ -1,13 +1,12 @@
 // The frame of secondary windows: size from the face panel, centred, on top, save and exit.
 #include "ui/secondary_window.h"
 
-#include <QApplication>
 #include <QGuiApplication>
-#include <QMouseEvent>
 #include <QScreen>
 #include <gtest/gtest.h>
 
 #include "support/budget.h"
+#include "support/qt_events.h"
 #include "ui/window_routines.h"
 
 namespace qc {
@@ -32,8 +31,6 @@ TEST(SecondaryWindowTest, OpensSizedByItsFaceCentredOnTopWithoutBlockingAndSaves
   QPointer<EditWindow> slot;
   EditWindow* w = OpenSecondary(slot, &saves);
   EXPECT_EQ(OpenSecondary(slot, &saves), w);  // loaded anew only after an unload
-  EXPECT_EQ(w->pnlFrame()->objectName(), "pnlFrame");
-  EXPECT_EQ(w->pnlTitle()->objectName(), "pnlTitle");
   EXPECT_EQ(w->size(), QSize(273, 106));
   EXPECT_TRUE(w->isVisible());
   EXPECT_FALSE(w->isModal());
@@ -61,21 +58,10 @@ TEST(SecondaryWindowTest, PressOnTheTitleMovesThenSnaps) {
   SetTwipsLeft(&w, 195);
   SetTwipsTop(&w, 2400);
   // No button is held for the platform, so the drag ends at once and the snap follows.
-  QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::RightButton,
-                    Qt::RightButton, Qt::NoModifier);
   test::PumpBudget budget(100);
-  QApplication::sendEvent(w.pnlTitle(), &press);
+  test::SendMouse(w.pnlTitle(), QEvent::MouseButtonPress, Qt::RightButton);
   EXPECT_DOUBLE_EQ(TwipsLeft(&w), 0);
   EXPECT_DOUBLE_EQ(TwipsTop(&w), 2400);
-}
-
-TEST(SecondaryWindowTest, PanelsKeepTheirFaceColourForTheirLists) {
-  Panel3D panel(nullptr, QStringLiteral("pnlInfo"));
-  EXPECT_EQ(panel.backColor(), skin::kFace);
-  panel.setBackColor(skin::kAccent);
-  EXPECT_EQ(panel.backColor(), QColor(0x60, 0x86, 0x9F));
-  panel.setCaption(QStringLiteral(" letter count: 5"));
-  EXPECT_EQ(panel.caption(), " letter count: 5");
 }
 
 }  // namespace

@@ -81,6 +81,7 @@ ClientViewer::ClientViewer(SimDesktop& desktop, SimClient* client, QWidget* pare
   tree_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   tree_->setUniformRowHeights(true);
   events_ = ReadOnlyText(2000);
+  events_->setObjectName(QStringLiteral("events"));
   trace_ = ReadOnlyText(static_cast<int>(kTraceLines));
 
   auto* split = new QSplitter(Qt::Vertical);
