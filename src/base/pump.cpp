@@ -108,7 +108,11 @@ float RealClock::Timer() {
   auto now = system_clock::now();
   std::time_t t = system_clock::to_time_t(now);
   std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &t);
+#else
   localtime_r(&t, &local);
+#endif
   auto sub = duration_cast<duration<double>>(now - system_clock::from_time_t(t)).count();
   return static_cast<float>(local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + sub);
 }

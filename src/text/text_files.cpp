@@ -1,7 +1,11 @@
 #include "text/text_files.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <dirent.h>
 #include <fnmatch.h>
+#endif
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -98,6 +102,17 @@ bool FileExists(const std::string& path) {
 
   std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
   if (name == "*.*") name = "*";  // the platform's "everything"
+#ifdef _WIN32
+  WIN32_FIND_DATAA found;
+  HANDLE search = ::FindFirstFileA(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  bool any = false;
+  do {
+    any = IsNormalFile(folder + found.cFileName, found.cFileName);
+  } while (!any && ::FindNextFileA(search, &found));
+  ::FindClose(search);
+  return any;
+#else
   std::unique_ptr<DIR, int (*)(DIR*)> dir(::opendir(folder.c_str()), ::closedir);
   if (!dir) return false;
   while (dirent* e = ::readdir(dir.get())) {
@@ -107,6 +122,7 @@ bool FileExists(const std::string& path) {
     }
   }
   return false;
+#endif
 }
 
 std::int64_t FileLength(const std::string& path) {
