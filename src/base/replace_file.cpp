@@ -1,8 +1,14 @@
 #include "base/replace_file.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#include <io.h>
+#include <process.h>
+#else
+#include <unistd.h>
+#endif
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -13,6 +19,42 @@ namespace qc {
 namespace {
 
 constexpr std::size_t kBufferBytes = 64 * 1024;
+
+#ifdef _WIN32
+// Bytes as they are (no line-end translation), and no child process inherits the descriptor.
+constexpr int kOpenFlags = O_BINARY | O_NOINHERIT;
+constexpr char kSeparators[] = "\\/";
+
+// The platform keeps a link's name when the file is replaced: the path is used as given.
+std::string ResolvedPath(const std::string& path) { return path; }
+int SyncToDisk(int fd) {
+  return ::FlushFileBuffers(reinterpret_cast<HANDLE>(::_get_osfhandle(fd))) ? 0 : -1;
+}
+// A read-only file is not replaced: the save fails as a write to it would.
+int ReplaceWith(const std::string& from, const std::string& to) {
+  return ::MoveFileExA(from.c_str(), to.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+             ? 0
+             : -1;
+}
+#else
+constexpr int kOpenFlags = O_CLOEXEC;
+constexpr char kSeparators[] = "/";
+
+// Through a link the file it names is replaced, and the link stays a link.
+std::string ResolvedPath(const std::string& path) {
+  std::string resolved = path;
+  if (char* real = ::realpath(path.c_str(), nullptr)) {
+    resolved = real;
+    std::free(real);
+  }
+  return resolved;
+}
+int SyncToDisk(int fd) { return ::fsync(fd); }
+int ReplaceWith(const std::string& from, const std::string& to) {
+  return ::rename(from.c_str(), to.c_str());
+}
+#endif
 
 [[noreturn]] void RaiseFor(int err) {
   RaiseFailure(err == ENOENT || err == ENOTDIR ? kFileNotFound : kPathFileAccessError);
@@ -26,17 +68,13 @@ bool FolderRefuses(int err) { return err == EACCES || err == EPERM || err == ERO
 FileReplacement::FileReplacement(const std::string& path, bool addWrite, bool truncate)
     : target_(path) {
   if (path.empty() || path.find('\0') != std::string::npos) RaiseFailure(kBadFileNameOrNumber);
-  // Through a link the file it names is replaced, and the link stays a link.
-  if (char* real = ::realpath(path.c_str(), nullptr)) {
-    target_ = real;
-    std::free(real);
-  }
+  target_ = ResolvedPath(path);
   struct stat st {};
   const bool exists = ::stat(target_.c_str(), &st) == 0;
   mode_t mode = exists ? (st.st_mode & 07777) : 0;
   if (exists && addWrite) mode |= S_IWUSR;
 
-  const std::size_t slash = target_.find_last_of('/');
+  const std::size_t slash = target_.find_last_of(kSeparators);
   const std::string folder = slash == std::string::npos ? "" : target_.substr(0, slash + 1);
   const std::string name = slash == std::string::npos ? target_ : target_.substr(slash + 1);
   // A hidden name: the catalogue and FileExists never see a temporary left by a kill.
@@ -44,20 +82,24 @@ FileReplacement::FileReplacement(const std::string& path, bool addWrite, bool tr
   for (int attempt = 0; attempt < 100 && fd_ < 0; ++attempt) {
     temporary_ = folder + "." + name + "." + std::to_string(::getpid()) + "-" +
                  std::to_string(attempt) + ".tmp";
-    fd_ = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    fd_ = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | kOpenFlags, 0666);
     err = fd_ < 0 ? errno : 0;
     if (fd_ < 0 && err != EEXIST) break;
   }
   if (fd_ >= 0) {
+#ifdef _WIN32
+    (void)mode;  // no bits to carry over but the read-only mark, which would refuse the rename
+#else
     if (exists && ::fchmod(fd_, mode) != 0) {
       // Not ours to change (another owner's file): keep the temporary's own bits.
     }
+#endif
     return;
   }
   temporary_.clear();
   if (!FolderRefuses(err)) RaiseFor(err);
   inPlace_ = true;
-  fd_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC | (truncate ? O_CREAT | O_TRUNC : 0), 0666);
+  fd_ = ::open(target_.c_str(), O_WRONLY | kOpenFlags | (truncate ? O_CREAT | O_TRUNC : 0), 0666);
   if (fd_ < 0) RaiseFor(errno);
 }
 
@@ -91,11 +133,11 @@ void FileReplacement::Commit() {
   if (fd_ < 0 || committed_ || failed_) RaiseFailure(kPathFileAccessError);
   Flush();
   // On disk before the name points at it: after a power cut the name holds old or new data.
-  if (!inPlace_ && ::fsync(fd_) != 0) RaiseFailure(kPathFileAccessError);
+  if (!inPlace_ && SyncToDisk(fd_) != 0) RaiseFailure(kPathFileAccessError);
   const int fd = fd_;
   fd_ = -1;
   if (::close(fd) != 0) RaiseFailure(kPathFileAccessError);
-  if (!inPlace_ && ::rename(temporary_.c_str(), target_.c_str()) != 0) {
+  if (!inPlace_ && ReplaceWith(temporary_, target_) != 0) {
     RaiseFailure(kPathFileAccessError);
   }
   committed_ = true;

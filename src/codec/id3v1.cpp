@@ -1,8 +1,12 @@
 #include "codec/id3v1.h"
 
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -33,6 +37,28 @@ void PutField(TagBlock& block, std::size_t at, std::size_t width, const std::str
   std::memcpy(block.data() + at, bytes.data(), width);
 }
 
+#ifdef _WIN32
+// Bytes as they are (no line-end translation), and no child process inherits the descriptor.
+constexpr int kOpenFlags = O_BINARY | O_NOINHERIT;
+// Reads and writes at an offset move the descriptor's position, which only these calls use.
+ssize_t ReadAt(int fd, void* data, std::size_t size, off_t at) {
+  if (::_lseeki64(fd, at, SEEK_SET) != at) return -1;
+  return ::_read(fd, data, static_cast<unsigned>(size));
+}
+ssize_t WriteAt(int fd, const void* data, std::size_t size, off_t at) {
+  if (::_lseeki64(fd, at, SEEK_SET) != at) return -1;
+  return ::_write(fd, data, static_cast<unsigned>(size));
+}
+#else
+constexpr int kOpenFlags = O_CLOEXEC;
+ssize_t ReadAt(int fd, void* data, std::size_t size, off_t at) {
+  return ::pread(fd, data, size, at);
+}
+ssize_t WriteAt(int fd, const void* data, std::size_t size, off_t at) {
+  return ::pwrite(fd, data, size, at);
+}
+#endif
+
 [[noreturn]] void RaiseOpenFailure(int err) {
   RaiseFailure(err == ENOENT || err == ENOTDIR ? kFileNotFound : kPathFileAccessError);
 }
@@ -40,10 +66,14 @@ void PutField(TagBlock& block, std::size_t at, std::size_t width, const std::str
 // Closes on every way out, so no call leaves a descriptor behind.
 class Fd {
  public:
-  Fd(const std::string& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC)) {
+  Fd(const std::string& path, int flags) : fd_(::open(path.c_str(), flags | kOpenFlags)) {
     if (fd_ < 0) RaiseOpenFailure(errno);
   }
-  ~Fd() { ::close(fd_); }
+  ~Fd() { Close(); }
+  void Close() {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = -1;
+  }
   Fd(const Fd&) = delete;
   Fd& operator=(const Fd&) = delete;
   int get() const { return fd_; }
@@ -65,6 +95,7 @@ class Fd {
 // and writes where it cannot.
 void CopyBytes(int from, int to, off_t length) {
   off_t at = 0;
+#ifndef _WIN32
   while (at < length) {
     const ssize_t n = ::copy_file_range(from, &at, to, nullptr, static_cast<std::size_t>(length - at), 0);
     if (n > 0) continue;
@@ -74,9 +105,10 @@ void CopyBytes(int from, int to, off_t length) {
     }
     break;  // the rest the plain way
   }
+#endif
   char buffer[64 * 1024];
   while (at < length) {
-    const ssize_t got = ::pread(from, buffer, static_cast<std::size_t>(std::min<off_t>(sizeof buffer, length - at)), at);
+    const ssize_t got = ReadAt(from, buffer, static_cast<std::size_t>(std::min<off_t>(sizeof buffer, length - at)), at);
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) RaiseFailure(kPathFileAccessError);
     for (ssize_t done = 0; done < got;) {
@@ -132,7 +164,7 @@ TagBlock ReadTagBlock(const std::string& path) {
   Fd fd(path, O_RDONLY);
   off_t at = fd.BlockOffset();
   TagBlock block{};
-  ssize_t got = ::pread(fd.get(), block.data(), block.size(), at);
+  ssize_t got = ReadAt(fd.get(), block.data(), block.size(), at);
   if (got != static_cast<ssize_t>(block.size())) RaiseFailure(kPathFileAccessError);
   return block;
 }
@@ -167,13 +199,15 @@ void WriteId3Tag(const std::string& path, const std::string& title, const std::s
   FileReplacement out(path, /*addWrite=*/true, /*truncate=*/false);
   const std::string_view bytes(reinterpret_cast<const char*>(block.data()), block.size());
   if (out.inPlace()) {
-    if (::pwrite(out.fd(), bytes.data(), bytes.size(), at) != static_cast<ssize_t>(bytes.size())) {
+    if (WriteAt(out.fd(), bytes.data(), bytes.size(), at) != static_cast<ssize_t>(bytes.size())) {
       RaiseFailure(kPathFileAccessError);
     }
   } else {
     CopyBytes(fd.get(), out.fd(), at);
     out.Write(bytes);
   }
+  // Closed first: Windows does not replace a file that is open.
+  fd.Close();
   out.Commit();
 }
 

@@ -96,7 +96,11 @@ std::string ReadAll(std::FILE* f) {
 bool FileExists(const std::string& path) {
   if (path.empty()) return false;
   if (path.find('\0') != std::string::npos) RaiseFailure(kBadFileNameOrNumber);
+#ifdef _WIN32
+  std::size_t slash = path.find_last_of("\\/");
+#else
   std::size_t slash = path.find_last_of('/');
+#endif
   std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
   if (name.find_first_of("*?") == std::string::npos) return IsNormalFile(path, name);
 
