@@ -361,6 +361,15 @@ std::optional<std::string> SimDesktop::MenuText(Hmenu menu, std::int32_t id) con
   return item ? std::optional<std::string>(item->text) : std::nullopt;
 }
 
+Hmenu SimDesktop::MenuOf(Hwnd window) const {
+  const Window* w = Find(window);
+  return w ? w->menu : 0;
+}
+
+const std::vector<SimDesktop::MenuItem>& SimDesktop::MenuItems(Hmenu menu) const {
+  return menus_.at(menu).items;
+}
+
 // ---------------------------------------------------------------- trace
 
 void SimDesktop::Record(TraceKind kind, std::string op, std::string line, Hwnd window,

@@ -163,6 +163,15 @@ class SimDesktop : public WindowSystem {
   void TruncateMenu(Hmenu menu, std::int32_t count);
   // The text of the entry with that command id anywhere under menu, or nullopt.
   std::optional<std::string> MenuText(Hmenu menu, std::int32_t id) const;
+  struct MenuItem {
+    std::int32_t id = 0;
+    std::string text;
+    Hmenu subMenu = 0;
+    bool separator = false;
+  };
+  // A window's menu bar and a menu's entries, for building them elsewhere (not traced).
+  Hmenu MenuOf(Hwnd window) const;
+  const std::vector<MenuItem>& MenuItems(Hmenu menu) const;
 
   // --- The other process's time ---
   // Runs `task` on a later pump, once the clock (CurrentClock().Now()) has reached now + delay.
@@ -217,12 +226,6 @@ class SimDesktop : public WindowSystem {
     Hmenu menu = 0;
     MessageHandler handler;
     std::vector<std::function<void()>> onDestroy;
-  };
-  struct MenuItem {
-    std::int32_t id = 0;
-    std::string text;
-    Hmenu subMenu = 0;
-    bool separator = false;
   };
   struct Menu {
     std::vector<MenuItem> items;

@@ -51,6 +51,7 @@
 #include "sim/sim_im.h"
 #include "sim/sim_mail.h"
 #include "support/budget.h"
+#include "support/script_words.h"
 
 namespace qc::test {
 namespace {
@@ -59,35 +60,6 @@ namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 fs::path GoldenDir() { return fs::path(QC_TEST_DATA_DIR).parent_path() / "golden"; }
-
-// Words of a statement; quoted texts keep their blanks, and \r \n \t \" \\ stand for themselves.
-Words Split(const std::string& line) {
-  Words out;
-  std::size_t i = 0;
-  while (i < line.size()) {
-    if (line[i] == ' ') {
-      ++i;
-      continue;
-    }
-    std::string w;
-    if (line[i] == '"') {
-      for (++i; i < line.size() && line[i] != '"'; ++i) {
-        const char next = i + 1 < line.size() ? line[i + 1] : '\0';
-        if (line[i] == '\\' && std::string("rnt\"\\").find(next) != std::string::npos) {
-          ++i;
-          w += next == 'r' ? '\r' : next == 'n' ? '\n' : next == 't' ? '\t' : next;
-        } else {
-          w += line[i];
-        }
-      }
-      ++i;
-    } else {
-      for (; i < line.size() && line[i] != ' '; ++i) w += line[i];
-    }
-    out.push_back(w);
-  }
-  return out;
-}
 
 std::string Escaped(const std::string& text) {
   std::string out;
@@ -203,7 +175,7 @@ std::vector<Node> Tree(const Scenario& s, const std::vector<std::string>& lines)
   std::vector<std::vector<Node>> open(1);
   std::vector<Node> loops;
   for (const std::string& line : lines) {
-    const Words w = Split(line);
+    const Words w = ScriptWords(line);
     if (w[0] == "repeat" || w[0] == "repeat+") {
       loops.push_back({"", w[0] == "repeat+" ? -1 : std::stoi(w[1]), {}});
       open.emplace_back();
@@ -220,7 +192,7 @@ std::vector<Node> Tree(const Scenario& s, const std::vector<std::string>& lines)
 }
 
 bool Matches(const std::string& expected, const Item& actual) {
-  const Words w = Split(expected);
+  const Words w = ScriptWords(expected);
   if (w[0] != "pump" && w[0] != "pause" && w[0] != "wait") return actual.line == expected;
   if (!actual.line.empty()) return false;
   // Pauses read the single-precision timer, so they may end a few milliseconds short.
@@ -438,9 +410,9 @@ class Play {
 
 void Play::Go(const Scenario& s, const std::string& clientLine) {
   Words run;
-  Setup(Split(clientLine));
+  Setup(ScriptWords(clientLine));
   for (const std::string& line : s.setup) {
-    const Words w = Split(line);
+    const Words w = ScriptWords(line);
     if (w[0] == "run") {
       run = w;
     } else if (w[0] != "client") {
