@@ -72,10 +72,18 @@ Hwnd Win32WindowSystem::FindWindowExA(Hwnd parent, Hwnd childAfter, const OptTex
 std::int32_t Win32WindowSystem::SendMessageA(Hwnd window, std::uint32_t message,
                                              std::int32_t wParam, LParam lParam) {
   std::vector<char> scratch;
-  if (lParam.kind() == LParam::Kind::kBuffer) scratch = Scratch(wParam, *lParam.buffer());
+  if (lParam.kind() == LParam::Kind::kBuffer) {
+    // Marked, so that an empty text the receiver wrote tells from a buffer it never touched.
+    scratch = Scratch(wParam, *lParam.buffer());
+    scratch[0] = '\x01';
+  }
   LRESULT r = ::SendMessageA(ToHwnd(window), message, ToWParam(wParam), ToLParam(lParam, scratch));
-  if (lParam.kind() == LParam::Kind::kBuffer && message == aol::kWmGetText && r > 0) {
-    CopyBack(scratch, static_cast<std::size_t>(r), *lParam.buffer());
+  if (lParam.kind() == LParam::Kind::kBuffer && message == aol::kWmGetText &&
+      (r > 0 || scratch[0] == '\0')) {
+    const auto copied = static_cast<std::size_t>(std::max<LRESULT>(r, 0));
+    CopyBack(scratch, copied, *lParam.buffer());
+    // The count that reached the caller's buffer.
+    return static_cast<std::int32_t>(std::min(copied, lParam.buffer()->size()));
   }
   return static_cast<std::int32_t>(r);
 }
