@@ -1,81 +1,36 @@
-// The drivers over the real Win32 backend, against the client double in a process of its own.
-// Runs under Wine: scripts/test-windows.
+// The drivers over the Win32 backend against the client double: every scenario of
+// win32_scenarios.txt, one test each. Runs under Wine: scripts/test-windows.
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
+#include <functional>
+#include <map>
 #include <memory>
-#include <sstream>
-#include <string>
-#include <vector>
+#include <optional>
 
+#include "base/prompts.h"
 #include "base/pump.h"
 #include "client/address_list.h"
-#include "client/client_commands.h"
+#include "client/chat_room.h"
 #include "client/compose_mail.h"
 #include "client/full_box.h"
 #include "client/instant_message.h"
+#include "client/upchat.h"
 #include "client/win32/win32_window_system.h"
+#include "client/client_commands.h"
 #include "client/window_routines.h"
 #include "client/write_mail.h"
-#include "sim/sim_client.h"
-#include "sim/sim_desktop.h"
-#include "sim/sim_mail.h"
+#include "sim/win32/client_double.h"
 #include "support/budget.h"
-#include "tests/win32/double_protocol.h"
+#include "support/script_words.h"
 
 namespace qc {
 namespace {
 
-using Fields = std::vector<std::string>;
-
-// What the double reports: records by kind, fields unescaped.
-struct Report {
-  std::vector<std::string> trace;
-  std::vector<Fields> outgoing, sent, chat, ims;
-  std::vector<std::string> events;
-  std::string imsState;
-};
-
-std::string Unescaped(const std::string& text) {
-  std::string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\' || i + 1 == text.size()) {
-      out += text[i];
-      continue;
-    }
-    char c = text[++i];
-    out += c == 't' ? '\t' : c == 'r' ? '\r' : c == 'n' ? '\n' : c;
-  }
-  return out;
-}
-
-Report ParseReport(const std::string& path) {
-  Report r;
-  std::ifstream in(path, std::ios::binary);
-  std::string line;
-  while (std::getline(in, line)) {
-    Fields f;
-    std::size_t start = 0;
-    for (;;) {
-      std::size_t tab = line.find('\t', start);
-      f.push_back(Unescaped(line.substr(start, tab - start)));
-      if (tab == std::string::npos) break;
-      start = tab + 1;
-    }
-    const std::string kind = f.front();
-    f.erase(f.begin());
-    if (kind == "trace") r.trace.push_back(f.at(0));
-    if (kind == "outgoing") r.outgoing.push_back(f);
-    if (kind == "sent") r.sent.push_back(f);
-    if (kind == "chat") r.chat.push_back(f);
-    if (kind == "im") r.ims.push_back(f);
-    if (kind == "ims") r.imsState = f.at(0);
-    if (kind == "event") r.events.push_back(f.at(0) + ": " + f.at(1));
-  }
-  return r;
-}
+using Words = std::vector<std::string>;
 
 std::string HereFolder() {
   char path[MAX_PATH] = {};
@@ -84,7 +39,160 @@ std::string HereFolder() {
   return p.substr(0, p.find_last_of("\\/") + 1);
 }
 
-// Waits in the drivers never give up; a test that would hang fails after this much real time.
+struct Scenario {
+  std::string name;
+  bool inProcess = false;
+  Words setup;
+  Words list;
+  double budgetSeconds = 60;
+  Words run;
+  bool waits = false;
+  std::optional<std::string> result;
+  std::vector<std::string> holds;
+  std::vector<std::string> events;
+  bool sameTrace = false;
+};
+
+void PrintTo(const Scenario& s, std::ostream* out) { *out << s.name; }
+
+std::vector<Scenario> LoadScenarios() {
+  std::vector<Scenario> all;
+  std::ifstream in(HereFolder() + "win32_scenarios.txt", std::ios::binary);
+  std::string line;
+  while (std::getline(in, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.empty() || line[0] == '#') continue;
+    const std::size_t blank = line.find(' ');
+    const std::string op = line.substr(0, blank);
+    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+    if (op == "scenario") {
+      all.push_back({rest});
+      continue;
+    }
+    if (all.empty()) continue;
+    Scenario& s = all.back();
+    if (op == "in-process") s.inProcess = true;
+    if (op == "double") s.setup = test::ScriptWords(rest);
+    if (op == "list") s.list = test::ScriptWords(rest);
+    if (op == "budget") s.budgetSeconds = std::stod(rest);
+    if (op == "run") s.run = test::ScriptWords(rest);
+    if (op == "waits") s.waits = true;
+    if (op == "result") s.result = test::ScriptWords(rest).at(0);
+    if (op == "hold") s.holds.push_back(rest);
+    if (op == "event") s.events.push_back(rest);
+    if (op == "same-trace") s.sameTrace = true;
+  }
+  return all;
+}
+
+// A real file for the attach dialogs, in the temporary folder.
+const std::string& RealFile() {
+  static const std::string path = [] {
+    char folder[MAX_PATH] = {};
+    ::GetTempPathA(MAX_PATH, folder);
+    std::string p = std::string(folder) + "Artist - Title.mp3";
+    std::ofstream(p, std::ios::binary) << std::string(4096, '\xFF');
+    return p;
+  }();
+  return path;
+}
+
+std::string WithFile(std::string text, const std::string& file) {
+  for (auto at = text.find("FILE"); at != std::string::npos; at = text.find("FILE", at + 1)) {
+    text.replace(at, 4, file);
+  }
+  return text;
+}
+
+class Addresses : public AddressList {
+ public:
+  int Count() const override { return static_cast<int>(items.size()); }
+  std::string Item(int index) const override { return items.at(index); }
+  void Remove(int index) override { items.erase(items.begin() + index); }
+  Words items;
+};
+
+class NoPrompts : public Prompts {
+ public:
+  int MsgBox(const std::string& text, int, const std::string&) override {
+    ADD_FAILURE() << "message box: " << text;
+    return kAnswerOk;
+  }
+  std::optional<std::string> InputBox(const std::string&, const std::string&, const std::string&,
+                                      int, int) override {
+    return std::nullopt;
+  }
+  std::string BrowseForFolder(const std::string&) override { return ""; }
+};
+
+// The routines a scenario runs, with the program's texts in the code page as the program hands
+// them over; what a routine gives back is its result.
+using Routine = std::function<std::string(WindowSystem&, const Words&, Addresses&)>;
+const std::map<std::string, Routine>& Routines() {
+  static const std::map<std::string, Routine> table = [] {
+    const auto cp = [](const Words& a, std::size_t i) { return ToCodePage(a.at(i)); };
+    std::map<std::string, Routine> t;
+    t["SendFileMail50"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
+      SendFileMail50(ws, cp(a, 0), cp(a, 1), cp(a, 2), cp(a, 3), a.at(4) == "later");
+      return "";
+    };
+    t["SendFileMail95"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
+      SendFileMail95(ws, cp(a, 0), cp(a, 1), cp(a, 2), cp(a, 3), a.at(4) == "later");
+      return "";
+    };
+    t["SendNoticeMail50"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
+      SendNoticeMail50(ws, cp(a, 0), cp(a, 1), cp(a, 2));
+      return "";
+    };
+    t["WriteProbe50"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
+      WriteProbe50(ws, cp(a, 0), cp(a, 1), cp(a, 2));
+      return "";
+    };
+    t["ClientVersion"] = [](WindowSystem& ws, const Words&, Addresses&) {
+      return std::to_string(ClientVersion(ws));
+    };
+    t["ClientScreenName"] = [](WindowSystem& ws, const Words&, Addresses&) {
+      return FromCodePage(ClientScreenName(ws));
+    };
+    t["RunToolbarMenu"] = [](WindowSystem& ws, const Words& a, Addresses&) {
+      RunToolbarMenu(ws, static_cast<std::int16_t>(std::stoi(a.at(0))),
+                     static_cast<std::int16_t>(std::stoi(a.at(1))));
+      return "";
+    };
+    t["CheckFullBoxes"] = [](WindowSystem& ws, const Words&, Addresses& list) {
+      CheckFullBoxes(ws, list);
+      std::string left;
+      for (const std::string& item : list.items) left += (left.empty() ? "" : " ") + item;
+      return left;
+    };
+    t["ChatSend"] = [](WindowSystem& ws, const Words& a, Addresses&) {
+      std::string text = a.at(0);
+      bool tail = a.at(1) == "tail";
+      bool cut = a.at(2) == "cut";
+      ChatSend(ws, text, tail, cut);
+      return "";
+    };
+    t["UpchatOn"] = [](WindowSystem& ws, const Words&, Addresses&) {
+      NoPrompts prompts;
+      UpchatOn(ws, prompts);
+      return "";
+    };
+    t["UpchatOff"] = [](WindowSystem& ws, const Words&, Addresses&) {
+      NoPrompts prompts;
+      UpchatOff(ws, prompts);
+      return "";
+    };
+    t["SendImKeyword"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
+      SendImKeyword(ws, cp(a, 0), cp(a, 1));
+      return "";
+    };
+    return t;
+  }();
+  return table;
+}
+
+// Waits in the drivers never give up; across processes a run that would hang fails after this
+// much real time.
 class WallBudget {
  public:
   explicit WallBudget(double seconds)
@@ -102,51 +210,51 @@ class WallBudget {
   PumpHookId hook_;
 };
 
-// The client double, started for one test and ended with it.
-class DoubleClient {
+// The client double in a process of its own, started for one scenario and ended with it.
+class DoubleProcess {
  public:
-  explicit DoubleClient(const std::string& args) {
-    report_ = HereFolder() + "double_report_" + std::to_string(::GetCurrentProcessId()) + ".txt";
-    std::string command = "\"" + HereFolder() + "client_double.exe\" --report \"" + report_ +
-                          "\" " + args;
+  explicit DoubleProcess(const Words& setup) {
+    report_ = HereFolder() + "double_report.txt";
+    std::string command = "\"" + HereFolder() + "client_double.exe\" \"report=" + report_ + "\"";
+    for (const std::string& w : setup) command += " \"" + w + "\"";
     STARTUPINFOA si{};
     si.cb = sizeof si;
     std::vector<char> line(command.begin(), command.end());
     line.push_back('\0');
-    if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                          &si, &process_)) {
+    if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si,
+                          &process_)) {
       ADD_FAILURE() << "cannot start " << command;
       return;
     }
     for (int i = 0; i < 3000 && !control_; ++i) {
-      control_ = ::FindWindowA(win32double::kControlClass, nullptr);
+      control_ = ::FindWindowA(sim::kDoubleControlClass, nullptr);
       if (!control_) ::Sleep(10);
     }
     if (!control_) ADD_FAILURE() << "the client double never came up";
   }
-  ~DoubleClient() {
-    if (control_ && ::IsWindow(control_)) ::PostMessageA(control_, WM_CLOSE, 0, 0);
+  ~DoubleProcess() {
+    if (control_) ::PostMessageA(control_, WM_CLOSE, 0, 0);
     if (process_.hProcess) {
-      if (::WaitForSingleObject(process_.hProcess, 10000) != WAIT_OBJECT_0)
+      if (::WaitForSingleObject(process_.hProcess, 10000) != WAIT_OBJECT_0) {
         ::TerminateProcess(process_.hProcess, 1);
+        ::WaitForSingleObject(process_.hProcess, 10000);
+      }
       ::CloseHandle(process_.hProcess);
       ::CloseHandle(process_.hThread);
     }
     ::DeleteFileA(report_.c_str());
   }
-  DoubleClient(const DoubleClient&) = delete;
-  DoubleClient& operator=(const DoubleClient&) = delete;
+  DoubleProcess(const DoubleProcess&) = delete;
+  DoubleProcess& operator=(const DoubleProcess&) = delete;
 
-  // Lets the double finish what it was asked, then reads what it holds.
-  Report Read(double settleSeconds = 1.0) {
-    Pause(settleSeconds);
-    ::SendMessageA(control_, ::RegisterWindowMessageA(win32double::kReportMessageName), 0, 0);
-    return ParseReport(report_);
-  }
-  void Kill() {
-    ::TerminateProcess(process_.hProcess, 1);
-    ::WaitForSingleObject(process_.hProcess, 10000);
-    control_ = nullptr;
+  std::vector<std::string> Report() {
+    DWORD_PTR done = 0;
+    ::SendMessageTimeoutA(control_, ::RegisterWindowMessageA(sim::kDoubleReportMessage), 0, 0,
+                          SMTO_NORMAL, 10000, &done);
+    std::vector<std::string> lines;
+    std::ifstream in(report_, std::ios::binary);
+    for (std::string l; std::getline(in, l);) lines.push_back(l);
+    return lines;
   }
 
  private:
@@ -155,134 +263,160 @@ class DoubleClient {
   std::string report_;
 };
 
-class Win32ClientTest : public ::testing::Test {
- protected:
-  void SetUp() override { SetEventProcessor(&Win32ProcessMessages); }
-  void TearDown() override { SetEventProcessor({}); }
-  Win32WindowSystem ws;
-};
-
-// The same script against the simulated client in this process, for its trace.
-template <typename Script>
-std::vector<std::string> InProcessTrace(int generation, const std::string& file, Script script) {
-  test::VirtualTime time;
-  sim::SimDesktop desktop;
-  sim::ClientOptions options;
-  options.generation = generation;
-  sim::SimClient client(desktop, options);
-  sim::SimMail mail(client);
-  mail.AddFile(file);
-  desktop.ClearTrace();
-  {
-    test::PumpBudget budget(2'000'000);
-    script(static_cast<WindowSystem&>(desktop));
-    Pause(1.0);
+std::vector<std::string> Section(const std::vector<std::string>& report, const std::string& kind) {
+  std::vector<std::string> out;
+  for (const std::string& l : report) {
+    if (l.rfind(kind + " ", 0) == 0) out.push_back(l.substr(kind.size() + 1));
   }
-  return desktop.TraceLines(sim::kTraceMessages);
-}
-
-// The double's trace, for failure messages.
-std::string Told(const Report& r) {
-  std::string out = "\nthe client received:\n";
-  for (const std::string& l : r.trace) out += "  " + l + "\n";
-  out += "and logged:\n";
-  for (const std::string& l : r.events) out += "  " + l + "\n";
   return out;
 }
 
-constexpr char kFile[] = "C:\\mp3\\Artist - Title.mp3";
-constexpr char kBody[] = "Title: Title\r\nArtist: Artist\r\n";
-
-TEST_F(Win32ClientTest, FindsTheClientAndReadsItsVersionAndScreenName) {
-  DoubleClient five("--generation 5 --screen-name \"Brindle Rose\"");
-  EXPECT_EQ(ClientVersion(ws), 5);
-  EXPECT_EQ(ClientScreenName(ws), "Brindle Rose");
-  EXPECT_NE(FindMdiClient(ws), 0);
-}
-
-TEST_F(Win32ClientTest, GenerationFiveMailQueuesWithItsAttachmentAndTracesAsInProcess) {
-  auto script = [](WindowSystem& w) {
-    SendFileMail50(w, "bob, ann", "[Artist]-Title", kBody, kFile, true);
-  };
-  DoubleClient client(std::string("--generation 5 --file \"") + kFile + "\"");
-  {
-    WallBudget budget(60);
-    script(ws);
+// Two processes run at their own pace, so how often a wait reads again, or presses again before a
+// window goes, follows the timing and not the script: a run of one block of up to four lines
+// repeated counts once. A message posted to a window already gone reaches no one on a real
+// desktop, while the simulated desktop records it: such lines go.
+std::vector<std::string> Folded(std::vector<std::string> lines) {
+  std::erase_if(lines, [](const std::string& l) { return l.find(" gone:") != std::string::npos; });
+  for (bool changed = true; changed;) {
+    changed = false;
+    for (std::size_t k = 1; k <= 4; ++k) {
+      for (std::size_t i = 0; i + 2 * k <= lines.size();) {
+        if (std::equal(lines.begin() + i, lines.begin() + i + k, lines.begin() + i + k)) {
+          lines.erase(lines.begin() + i + k, lines.begin() + i + 2 * k);
+          changed = true;
+        } else {
+          ++i;
+        }
+      }
+    }
   }
-  Report r = client.Read();
-  ASSERT_EQ(r.outgoing.size(), 1u) << Told(r);
-  EXPECT_EQ(r.outgoing[0], (Fields{"bob, ann", "[Artist]-Title", kBody, kFile}));
-  EXPECT_EQ(r.trace, InProcessTrace(5, kFile, script));
+  return lines;
 }
 
-TEST_F(Win32ClientTest, GenerationThreeMailQueuesWithItsAttachment) {
-  DoubleClient client(std::string("--generation 3 --file \"") + kFile + "\"");
-  {
-    WallBudget budget(60);
-    SendFileMail95(ws, "bob", "[Artist]-Title", kBody, kFile, true);
+std::string Shown(const std::vector<std::string>& lines) {
+  std::string out;
+  for (const std::string& l : lines) out += "  " + l + "\n";
+  return out;
+}
+
+class Win32Scenario : public ::testing::TestWithParam<Scenario> {
+ protected:
+  void TearDown() override {
+    SetEventProcessor({});
+    SetEventWaiter({});
   }
-  Report r = client.Read();
-  ASSERT_EQ(r.outgoing.size(), 1u) << Told(r);
-  EXPECT_EQ(r.outgoing[0], (Fields{"bob", "[Artist]-Title", kBody, kFile}));
-}
 
-TEST_F(Win32ClientTest, NoticeMailIsSent) {
-  DoubleClient client("--generation 5");
-  {
-    WallBudget budget(60);
-    SendNoticeMail50(ws, "bob", " start: ", "log");
+  // Runs the scenario's routine until it returns or its budget runs out.
+  std::string Run(WindowSystem& ws, bool& hung) {
+    const Scenario& s = GetParam();
+    Words args(s.run.begin() + 1, s.run.end());
+    for (std::string& a : args) a = WithFile(a, RealFile());
+    list_.items = s.list;
+    const auto routine = Routines().find(s.run.at(0));
+    if (routine == Routines().end()) {
+      ADD_FAILURE() << "unknown routine " << s.run.at(0);
+      return "";
+    }
+    std::string result;
+    hung = false;
+    try {
+      result = routine->second(ws, args, list_);
+    } catch (const test::BudgetExhausted&) {
+      hung = true;
+    }
+    return result;
   }
-  Report r = client.Read();
-  ASSERT_EQ(r.sent.size(), 1u) << Told(r);
-  EXPECT_EQ(r.sent[0][1], " start: ");
-}
 
-TEST_F(Win32ClientTest, ToolbarMenuOpensTheOutgoingList) {
-  DoubleClient client("--generation 5");
-  {
-    WallBudget budget(60);
-    RunToolbarMenu(ws, 3, 1);
-  }
-  Report r = client.Read();
-  EXPECT_FALSE(r.trace.empty());
-}
-
-class Addresses : public AddressList {
- public:
-  explicit Addresses(std::vector<std::string> items) : items_(std::move(items)) {}
-  int Count() const override { return static_cast<int>(items_.size()); }
-  std::string Item(int index) const override { return items_.at(index); }
-  void Remove(int index) override { items_.erase(items_.begin() + index); }
-  std::vector<std::string> items_;
+  Addresses list_;
 };
 
-TEST_F(Win32ClientTest, FullBoxCheckRemovesTheOneFullAddress) {
-  DoubleClient client("--generation 5 --full carol");
-  Addresses list({"bob", "carol", "ann"});
+// The same run against the simulated client in this process, for its messages.
+std::vector<std::string> InProcessTrace(const Scenario& s, const Words& args) {
+  test::VirtualTime time;
+  sim::ClientDouble model(sim::ParseSetup(s.setup), /*withWindows=*/false);
+  for (int i = 0; i < 50; ++i) WaitEvents();
+  model.desktop().ClearTrace();
   {
-    WallBudget budget(60);
-    CheckFullBoxes(ws, list);
+    test::PumpBudget budget(2'000'000);
+    Addresses list;
+    list.items = s.list;
+    Routines().at(s.run.at(0))(model.desktop(), args, list);
+    Pause(1.0);
   }
-  EXPECT_EQ(list.items_, (std::vector<std::string>{"bob", "ann"}));
+  return Section(model.Report(), "trace");
 }
 
-TEST_F(Win32ClientTest, InstantMessageReachesItsReceiver) {
-  DoubleClient client("--generation 5");
-  {
-    WallBudget budget(60);
-    SendInstantMessage(ws, "bob", "hi there");
+TEST_P(Win32Scenario, DoubleHoldsWhatTheDriverDid) {
+  const Scenario& s = GetParam();
+  std::string unknown;
+  sim::ParseSetup(s.setup, &unknown);
+  ASSERT_EQ(unknown, "") << "unknown setup words";
+  Win32WindowSystem ws;
+  bool hung = false;
+  std::string result;
+  std::vector<std::string> report;
+  std::uint64_t pumps = PumpCount();
+  if (s.inProcess) {
+    // The double's windows in this process, on this thread: this thread's pump takes its posted
+    // messages, and a virtual clock lets the waits pass without sleeping.
+    test::VirtualTime time;
+    sim::ClientDouble client(sim::ParseSetup(s.setup));
+    SetEventProcessor([&client] { client.mirror()->PumpMessages(); });
+    for (int i = 0; i < 50; ++i) WaitEvents();
+    client.desktop().ClearTrace();
+    {
+      test::PumpBudget budget(static_cast<std::uint64_t>(s.budgetSeconds * 10000));
+      result = Run(ws, hung);
+    }
+    for (int i = 0; i < 200; ++i) WaitEvents();
+    report = client.Report();
+    SetEventProcessor({});
+  } else {
+    SetEventProcessor(&Win32ProcessMessages);
+    SetEventWaiter(&Win32WaitForMessages);
+    DoubleProcess client(s.setup);
+    {
+      WallBudget budget(s.budgetSeconds);
+      result = Run(ws, hung);
+    }
+    Pause(1.0);  // what the client does with the last messages
+    report = client.Report();
   }
-  Report r = client.Read();
-  ASSERT_EQ(r.ims.size(), 1u) << Told(r);
-  EXPECT_EQ(r.ims[0], (Fields{"bob", "hi there"}));
+  pumps = PumpCount() - pumps;
+
+  const std::string told = "\nthe double logged:\n" + Shown(Section(report, "event")) +
+                           "and received:\n" + Shown(Section(report, "trace"));
+  EXPECT_EQ(hung, s.waits) << (hung ? "the routine was still waiting" : "the routine returned")
+                           << " after " << pumps << " pumps" << told;
+  if (s.result) {
+    EXPECT_EQ(result, *s.result);
+  }
+  std::vector<std::string> holds;
+  for (const std::string& h : s.holds) holds.push_back(WithFile(h, sim::Escaped(RealFile())));
+  EXPECT_EQ(Section(report, "hold"), holds) << told;
+  const std::vector<std::string> events = Section(report, "event");
+  for (const std::string& e : s.events) {
+    EXPECT_NE(std::find(events.begin(), events.end(), e), events.end()) << e << told;
+  }
+  EXPECT_EQ(Section(report, "violation"), std::vector<std::string>{}) << told;
+  if (s.sameTrace) {
+    Words args(s.run.begin() + 1, s.run.end());
+    for (std::string& a : args) a = WithFile(a, RealFile());
+    const std::vector<std::string> reference = InProcessTrace(s, args);
+    EXPECT_EQ(Folded(Section(report, "trace")), Folded(reference))
+        << "the double received:\n" << Shown(Section(report, "trace"))
+        << "the simulated client in this process:\n" << Shown(reference);
+  }
 }
 
-TEST_F(Win32ClientTest, AVanishedClientLeavesTheDriverWaitingWithoutACrash) {
-  DoubleClient client("--generation 5");
-  client.Kill();
-  WallBudget budget(3);
-  EXPECT_THROW(SendFileMail50(ws, "bob", "s", "b", kFile, true), test::BudgetExhausted);
-}
+INSTANTIATE_TEST_SUITE_P(Scenarios, Win32Scenario, ::testing::ValuesIn(LoadScenarios()),
+                         [](const auto& info) {
+                           std::string n = info.param.name;
+                           for (char& c : n) {
+                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+                           }
+                           return n;
+                         });
 
 }  // namespace
 }  // namespace qc
