@@ -23,11 +23,22 @@
 #include "sim/sim_mail.h"
 
 #include "ui/viewer/client_viewer.h"
+#ifdef _WIN32
+#include "client/win32/win32_window_system.h"
+#endif
 
 namespace {
 
-// The client the program drives. No real client can run here, so this is the one place that
-// decides: the embedded simulated client, generation and screen name from the environment.
+// The client the program drives, decided here once at start: on Windows the running client when
+// its frame stands; otherwise (and everywhere else) the embedded simulated client, generation and
+// screen name from the environment.
+std::unique_ptr<qc::WindowSystem> RealClient() {
+#ifdef _WIN32
+  if (qc::Win32ClientRuns()) return std::make_unique<qc::Win32WindowSystem>();
+#endif
+  return nullptr;
+}
+
 struct EmbeddedClient {
   qc::sim::SimDesktop desktop;
   std::unique_ptr<qc::sim::SimClient> client;
@@ -72,10 +83,12 @@ int main(int argc, char** argv) {
   qc::QtPrompts prompts;
   qc::InitSkinResources();
 
-  const std::unique_ptr<EmbeddedClient> embedded = StartClient();
+  const std::unique_ptr<qc::WindowSystem> realClient = RealClient();
+  const std::unique_ptr<EmbeddedClient> embedded = realClient ? nullptr : StartClient();
+  qc::WindowSystem& windows = realClient ? *realClient : embedded->desktop;
   // Built once; every feature reaches the platform through these.
   qc::SettingsStore settings = qc::SettingsStore::UserStore();
-  const qc::Services services = qc::PlatformServices(embedded->desktop, prompts, settings);
+  const qc::Services services = qc::PlatformServices(windows, prompts, settings);
   app.Serve(services);
 
   // The lasting windows live until the program ends at once; nothing deletes them.
@@ -88,12 +101,15 @@ int main(int argc, char** argv) {
   auto* frmStart = new qc::FrmStart({frmMain, frmMenu, frmMenu2}, services);
   frmStart->Open();  // the generation warning, if any, comes before any other window
 
-  // The user's window onto the client: at the screen's right, beside the centred main window.
-  auto* viewer = new qc::sim::ClientViewer(embedded->desktop, embedded->client.get());
-  const QRect desk = QGuiApplication::primaryScreen()->availableGeometry();
-  const int width = std::min(420, desk.width() / 3);
-  viewer->setGeometry(desk.right() - width - 8, desk.top() + 30, width, desk.height() - 60);
-  viewer->show();
+  // The user's window onto the simulated client: at the screen's right, beside the centred main
+  // window. A real client shows itself.
+  if (embedded) {
+    auto* viewer = new qc::sim::ClientViewer(embedded->desktop, embedded->client.get());
+    const QRect desk = QGuiApplication::primaryScreen()->availableGeometry();
+    const int width = std::min(420, desk.width() / 3);
+    viewer->setGeometry(desk.right() - width - 8, desk.top() + 30, width, desk.height() - 60);
+    viewer->show();
+  }
   qc::StartControlDumpFromEnvironment();
   return app.exec();
 }
