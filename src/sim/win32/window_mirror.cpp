@@ -43,6 +43,9 @@ bool Behind(HWND a, HWND b) {
 
 constexpr UINT kQuietPlacing = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
 
+// Longer than one pass of a wait loop's lookups takes, on a loaded machine too.
+constexpr DWORD kLookupMilliseconds = 30;
+
 }  // namespace
 
 WindowMirror::WindowMirror(SimDesktop& model) : model_(model) {
@@ -180,11 +183,16 @@ void WindowMirror::ReadBack() {
 void WindowMirror::SyncChildren(Hwnd parent, HWND realParent) {
   const std::vector<Hwnd> children = model_.Children(parent);
   // Controls the model adds together come one by one here. Meanwhile their window answers to no
-  // caption, so a lookup of it that hops to its n-th control does not find a part of them.
+  // caption, so a lookup of it that hops to its n-th control does not find a part of them; and a
+  // lookup already past the caption is given the time to end on the window as it was (a program
+  // waiting in a send to us is not looking).
   const auto added = std::count_if(children.begin(), children.end(),
                                    [this](Hwnd c) { return real_.count(c) == 0; });
   const bool hidden = parent != 0 && added > 1 && !text_[parent].empty();
-  if (hidden) ::DefWindowProcA(realParent, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+  if (hidden) {
+    ::DefWindowProcA(realParent, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+    if (!::InSendMessage()) ::Sleep(kLookupMilliseconds);
+  }
   HWND previous = nullptr;
   for (std::size_t i = 0; i < children.size(); ++i) {
     const Hwnd child = children[i];
