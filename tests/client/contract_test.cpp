@@ -13,7 +13,6 @@
 //   room CAPTION [A|B] [rich|edit] | typed TEXT | document CAPTION | modal | popup
 //   box CAPTION BUTTON...     a message box of the client
 //   list ITEM...              the address list of a full-box check
-//   counters UPS SIZE         the counters a counts block shows
 //   budget N                  pump passes before the scenario counts as hung
 //   run ROUTINE ARG...        texts in quotes, UTF-8 (the program's side)
 //   define NAME = PATH        NAME stands for PATH in the script
@@ -28,36 +27,26 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iostream>
-#include <map>
 #include <memory>
 #include <sstream>
 
 #include "base/cp1252.h"
 #include "base/pump.h"
-#include "client/chat_room.h"
-#include "client/client_commands.h"
-#include "client/compose_mail.h"
-#include "client/full_box.h"
-#include "client/ghost.h"
-#include "client/instant_message.h"
 #include "client/vocabulary.h"
 #include "client/window_system.h"
-#include "client/write_mail.h"
-#include "client/address_list.h"
 #include "sim/sim_chat.h"
 #include "sim/sim_client.h"
 #include "sim/sim_im.h"
 #include "sim/sim_mail.h"
 #include "support/budget.h"
+#include "support/driver_routines.h"
 #include "support/script_words.h"
 
 namespace qc::test {
 namespace {
 
 namespace fs = std::filesystem;
-using Words = std::vector<std::string>;
 
 fs::path GoldenDir() { return fs::path(QC_TEST_DATA_DIR).parent_path() / "golden"; }
 
@@ -73,15 +62,6 @@ std::string Trimmed(const std::string& s) {
   const auto b = s.find_first_not_of(' ');
   return b == std::string::npos ? "" : s.substr(b, s.find_last_not_of(' ') - b + 1);
 }
-
-// The address list of a full-box check.
-class VectorAddresses : public AddressList {
- public:
-  int Count() const override { return static_cast<int>(items.size()); }
-  std::string Item(int index) const override { return items.at(static_cast<std::size_t>(index)); }
-  void Remove(int index) override { items.erase(items.begin() + index); }
-  std::vector<std::string> items;
-};
 
 // One item of a script: a message line or a run of pumps.
 struct Item {
@@ -260,8 +240,7 @@ class Play {
   std::unique_ptr<sim::SimMail> mail;
   std::unique_ptr<sim::SimIm> im;
   std::unique_ptr<sim::SimChat> chat;
-  VectorAddresses list;
-  std::string ups, sizeText;  // the counters the counts lines show
+  AddressVector list;
   std::uint64_t budget = 100000;
   std::vector<std::string> typed;
 
@@ -319,9 +298,6 @@ class Play {
       client->ShowForeignPopup();
     } else if (op == "list") {
       list.items.assign(w.begin() + 1, w.end());
-    } else if (op == "counters") {
-      ups = w[1];
-      sizeText = w[2];
     } else if (op == "budget") {
       budget = std::stoull(w[1]);
     } else {
@@ -330,49 +306,9 @@ class Play {
   }
 
   void Run(const Words& w) {
-    WindowSystem& ws = d;
-    auto arg = [&w](std::size_t i) { return ToCodePage(w.at(i)); };
-    auto later = [&w](std::size_t i) { return w.at(i) == "later"; };
-    const std::map<std::string, std::function<void()>> routines = {
-        {"RunMainMenu", [&] { RunMainMenu(ws, arg(2)); }},
-        {"RunToolbarMenu",
-         [&] {
-           RunToolbarMenu(ws, static_cast<std::int16_t>(std::stoi(w.at(2))),
-                          static_cast<std::int16_t>(std::stoi(w.at(3))));
-         }},
-        {"OpenOutgoingMail40", [&] { OpenOutgoingMail40(ws); }},
-        {"KeywordToolbar", [&] { KeywordToolbar(ws, arg(2)); }},
-        {"KeywordWindow", [&] { KeywordWindow(ws, arg(2)); }},
-        {"KillGlyph", [&] { KillGlyph(ws); }},
-        {"KillModal", [&] { KillModal(ws); }},
-        {"KillWait", [&] { KillWait(ws); }},
-        {"DismissOkBox", [&] { DismissOkBox(ws); }},
-        {"SendFileMail50", [&] { SendFileMail50(ws, arg(2), arg(3), arg(4), arg(5), later(6)); }},
-        {"SendFileMail40", [&] { SendFileMail40(ws, arg(2), arg(3), arg(4), arg(5), later(6)); }},
-        {"SendFileMail95", [&] { SendFileMail95(ws, arg(2), arg(3), arg(4), arg(5), later(6)); }},
-        {"SendNoticeMail50", [&] { SendNoticeMail50(ws, arg(2), arg(3), arg(4)); }},
-        {"SendNoticeMail95", [&] { SendNoticeMail95(ws, arg(2), arg(3), arg(4)); }},
-        {"WriteProbe50", [&] { WriteProbe50(ws, arg(2), arg(3), arg(4)); }},
-        {"WriteProbe40", [&] { WriteProbe40(ws, arg(2), arg(3), arg(4)); }},
-        {"ComposeProbe95", [&] { ComposeProbe95(ws, arg(2), arg(3), arg(4)); }},
-        {"CheckFullBoxes", [&] { CheckFullBoxes(ws, list); }},
-        {"SendInstantMessage", [&] { SendInstantMessage(ws, arg(2), arg(3)); }},
-        {"GhostOnOld", [&] { GhostOnOld(ws); }},
-        {"GhostOffOld", [&] { GhostOffOld(ws); }},
-        {"GhostOnNew", [&] { GhostOnNew(ws); }},
-        {"GhostOffNew", [&] { GhostOffNew(ws); }},
-        {"ChatSend",
-         [&] {
-           std::string text = w.at(2);
-           bool tail = w.at(3) == "tail";
-           bool cut = w.at(4) == "cut";
-           ChatSend(ws, text, tail, cut);
-         }},
-        {"CountsBlock", [&] { SendChatBlock(ws, [&] { return CountsLine(w.at(2), ups, sizeText); }); }},
-    };
-    auto it = routines.find(w.at(1));
-    ASSERT_NE(it, routines.end()) << "unknown routine " << w.at(1);
-    it->second();
+    const auto routine = DriverRoutines().find(w.at(1));
+    ASSERT_NE(routine, DriverRoutines().end()) << "unknown routine " << w.at(1);
+    routine->second(d, Words(w.begin() + 2, w.end()), list);
   }
 
   // What the client holds: its mails, privacy saves, and the address list.

@@ -6,31 +6,19 @@
 #include <algorithm>
 #include <chrono>
 #include <fstream>
-#include <functional>
-#include <map>
-#include <memory>
 #include <optional>
 
-#include "base/prompts.h"
 #include "base/pump.h"
-#include "client/address_list.h"
-#include "client/chat_room.h"
-#include "client/compose_mail.h"
-#include "client/full_box.h"
-#include "client/instant_message.h"
-#include "client/upchat.h"
 #include "client/win32/win32_window_system.h"
-#include "client/client_commands.h"
-#include "client/window_routines.h"
-#include "client/write_mail.h"
 #include "sim/win32/client_double.h"
 #include "support/budget.h"
+#include "support/driver_routines.h"
 #include "support/script_words.h"
 
 namespace qc {
 namespace {
 
-using Words = std::vector<std::string>;
+using test::Words;
 
 std::string HereFolder() {
   char path[MAX_PATH] = {};
@@ -102,93 +90,6 @@ std::string WithFile(std::string text, const std::string& file) {
     text.replace(at, 4, file);
   }
   return text;
-}
-
-class Addresses : public AddressList {
- public:
-  int Count() const override { return static_cast<int>(items.size()); }
-  std::string Item(int index) const override { return items.at(index); }
-  void Remove(int index) override { items.erase(items.begin() + index); }
-  Words items;
-};
-
-class NoPrompts : public Prompts {
- public:
-  int MsgBox(const std::string& text, int, const std::string&) override {
-    ADD_FAILURE() << "message box: " << text;
-    return kAnswerOk;
-  }
-  std::optional<std::string> InputBox(const std::string&, const std::string&, const std::string&,
-                                      int, int) override {
-    return std::nullopt;
-  }
-  std::string BrowseForFolder(const std::string&) override { return ""; }
-};
-
-// The routines a scenario runs, with the program's texts in the code page as the program hands
-// them over; what a routine gives back is its result.
-using Routine = std::function<std::string(WindowSystem&, const Words&, Addresses&)>;
-const std::map<std::string, Routine>& Routines() {
-  static const std::map<std::string, Routine> table = [] {
-    const auto cp = [](const Words& a, std::size_t i) { return ToCodePage(a.at(i)); };
-    std::map<std::string, Routine> t;
-    t["SendFileMail50"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
-      SendFileMail50(ws, cp(a, 0), cp(a, 1), cp(a, 2), cp(a, 3), a.at(4) == "later");
-      return "";
-    };
-    t["SendFileMail95"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
-      SendFileMail95(ws, cp(a, 0), cp(a, 1), cp(a, 2), cp(a, 3), a.at(4) == "later");
-      return "";
-    };
-    t["SendNoticeMail50"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
-      SendNoticeMail50(ws, cp(a, 0), cp(a, 1), cp(a, 2));
-      return "";
-    };
-    t["WriteProbe50"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
-      WriteProbe50(ws, cp(a, 0), cp(a, 1), cp(a, 2));
-      return "";
-    };
-    t["ClientVersion"] = [](WindowSystem& ws, const Words&, Addresses&) {
-      return std::to_string(ClientVersion(ws));
-    };
-    t["ClientScreenName"] = [](WindowSystem& ws, const Words&, Addresses&) {
-      return FromCodePage(ClientScreenName(ws));
-    };
-    t["RunToolbarMenu"] = [](WindowSystem& ws, const Words& a, Addresses&) {
-      RunToolbarMenu(ws, static_cast<std::int16_t>(std::stoi(a.at(0))),
-                     static_cast<std::int16_t>(std::stoi(a.at(1))));
-      return "";
-    };
-    t["CheckFullBoxes"] = [](WindowSystem& ws, const Words&, Addresses& list) {
-      CheckFullBoxes(ws, list);
-      std::string left;
-      for (const std::string& item : list.items) left += (left.empty() ? "" : " ") + item;
-      return left;
-    };
-    t["ChatSend"] = [](WindowSystem& ws, const Words& a, Addresses&) {
-      std::string text = a.at(0);
-      bool tail = a.at(1) == "tail";
-      bool cut = a.at(2) == "cut";
-      ChatSend(ws, text, tail, cut);
-      return "";
-    };
-    t["UpchatOn"] = [](WindowSystem& ws, const Words&, Addresses&) {
-      NoPrompts prompts;
-      UpchatOn(ws, prompts);
-      return "";
-    };
-    t["UpchatOff"] = [](WindowSystem& ws, const Words&, Addresses&) {
-      NoPrompts prompts;
-      UpchatOff(ws, prompts);
-      return "";
-    };
-    t["SendImKeyword"] = [cp](WindowSystem& ws, const Words& a, Addresses&) {
-      SendImKeyword(ws, cp(a, 0), cp(a, 1));
-      return "";
-    };
-    return t;
-  }();
-  return table;
 }
 
 // Waits in the drivers never give up; across processes a run that would hang fails after this
@@ -312,8 +213,8 @@ class Win32Scenario : public ::testing::TestWithParam<Scenario> {
     Words args(s.run.begin() + 1, s.run.end());
     for (std::string& a : args) a = WithFile(a, RealFile());
     list_.items = s.list;
-    const auto routine = Routines().find(s.run.at(0));
-    if (routine == Routines().end()) {
+    const auto routine = test::DriverRoutines().find(s.run.at(0));
+    if (routine == test::DriverRoutines().end()) {
       ADD_FAILURE() << "unknown routine " << s.run.at(0);
       return "";
     }
@@ -327,7 +228,7 @@ class Win32Scenario : public ::testing::TestWithParam<Scenario> {
     return result;
   }
 
-  Addresses list_;
+  test::AddressVector list_;
 };
 
 // The same run against the simulated client in this process, for its messages.
@@ -338,9 +239,9 @@ std::vector<std::string> InProcessTrace(const Scenario& s, const Words& args) {
   model.desktop().ClearTrace();
   {
     test::PumpBudget budget(2'000'000);
-    Addresses list;
+    test::AddressVector list;
     list.items = s.list;
-    Routines().at(s.run.at(0))(model.desktop(), args, list);
+    test::DriverRoutines().at(s.run.at(0))(model.desktop(), args, list);
     Pause(1.0);
   }
   return Section(model.Report(), "trace");
