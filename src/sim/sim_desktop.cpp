@@ -349,7 +349,7 @@ const SimDesktop::MenuItem* SimDesktop::FindMenuItem(Hmenu menu, std::int32_t id
   for (const MenuItem& item : it->second.items) {
     if (item.subMenu) {
       if (const MenuItem* found = FindMenuItem(item.subMenu, id, depth + 1)) return found;
-    } else if (!item.separator && item.id == id) {
+    } else if (item.id == id) {  // a separator is the entry of command 0, as on the platform
       return &item;
     }
   }

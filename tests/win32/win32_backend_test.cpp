@@ -57,6 +57,28 @@ TEST(Win32Backend, TextReadsFillBuffersAsTheSimulatedDesktop) {
   }
 }
 
+// The main menu's reader asks for separators (id 0) and drop-downs (id -1) by command too.
+TEST(Win32Backend, MenuReadsFillBuffersAsTheSimulatedDesktop) {
+  Win32WindowSystem ws;
+  sim::SimDesktop desktop;
+  HMENU real = ::CreatePopupMenu();
+  ::AppendMenuA(real, MF_STRING, 101, "&Open");
+  ::AppendMenuA(real, MF_SEPARATOR, 0, nullptr);
+  const Hmenu simulated = desktop.CreateMenu();
+  desktop.AppendItem(simulated, 101, "&Open");
+  desktop.AppendSeparator(simulated);
+  const Hmenu handle = static_cast<Hmenu>(reinterpret_cast<std::intptr_t>(real));
+  for (const std::int32_t id : {101, 0, -1, 7}) {
+    SCOPED_TRACE(id);
+    std::string got(100, ' '), want(100, ' ');
+    EXPECT_EQ(ws.GetMenuStringA(handle, id, got, aol::kMenuTextLength, aol::kMenuTextFlags),
+              desktop.GetMenuStringA(simulated, id, want, aol::kMenuTextLength,
+                                     aol::kMenuTextFlags));
+    EXPECT_EQ(got, want);
+  }
+  ::DestroyMenu(real);
+}
+
 TEST(Win32Backend, AWindowThatIsGoneFailsQuietly) {
   Win32WindowSystem ws;
   const HWND real = NewWindow("Write Mail");
