@@ -1,0 +1,284 @@
+// Whole tagging runs against the simulated client, one scenario a file in scenarios/: the files
+// chosen, the options, the lists and templates, what the user does while the run goes on, and
+// everything the run leaves behind (the boxes it asked, the mails the client holds, the main
+// window's counters, run panel, recipients, selection and buttons).
+//
+// File format, one statement a line, "#" starts a comment; texts in quotes (\r \n \" \xNN):
+//   client G                  the client's generation, 0 for none
+//   counters UPS MBS          the all-runs counters before the run
+//   options ITEM...           these options on, every other one off
+//   list member|upload TEXT   the bytes of a list file
+//   body TEXT                 the body template file
+//   decor LEFT RIGHT          the notices' decoration
+//   full ADDRESS              a full mailbox
+//   file NAME BYTES SUBJECT [untagged | tag TITLE ARTIST ALBUM YEAR COMMENT GENRE]
+//                             a chosen file (tagged "Song" "Band" "Record" "1998" "old comment"
+//                             "Blues" unless told)
+//   gone NAME                 the chosen file is deleted before the run
+//   at N WHAT                 once the N-th file is counted: stop, start (pressed again during
+//                             the next wait), state (written down), error-window (the client
+//                             shows one), options +ITEM -ITEM..., body TEXT
+//   stop-after PASSES         the stop button, pressed after that many pump passes
+//   budget PASSES             before the run counts as hung (default 3,000,000)
+//   expect                    then the outcome, line for line
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "base/cp1252.h"
+#include "base/failure.h"
+#include "base/pump.h"
+#include "run/tagging_run.h"
+#include "run_rig.h"
+#include "support/script_words.h"
+#include "ui/window_routines.h"
+
+namespace qc::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+fs::path ScenarioDir() { return fs::path(QC_TEST_DATA_DIR).parent_path() / "scenarios"; }
+
+std::string Quoted(const std::string& text) {
+  std::string out = "\"";
+  for (char c : text) {
+    out += c == '\r' ? "\\r" : c == '\n' ? "\\n" : c == '"' ? "\\\"" : std::string(1, c);
+  }
+  return out + "\"";
+}
+
+struct Scenario {
+  std::vector<Words> setup;
+  std::vector<std::string> expected;
+};
+
+Scenario Parse(const fs::path& file) {
+  Scenario s;
+  std::ifstream in(file, std::ios::binary);
+  bool expecting = false;
+  for (std::string line; std::getline(in, line);) {
+    if (expecting) {
+      if (!line.empty()) s.expected.push_back(line);
+    } else if (line == "expect") {
+      expecting = true;
+    } else if (!line.empty() && line[0] != '#') {
+      s.setup.push_back(ScriptWords(line));
+    }
+  }
+  return s;
+}
+
+class RunScenario : public RunRig, public ::testing::WithParamInterface<std::string> {
+ protected:
+  void Setup(const Words& w) {
+    const std::string& op = w.at(0);
+    if (op == "client") {
+      if (std::stoi(w.at(1)) > 0) StartClient(std::stoi(w.at(1)));
+    } else if (op == "counters") {
+      frm.lblUps->SetCaption(w.at(1));
+      frm.lblMBs->SetCaption(w.at(2));
+    } else if (op == "options") {
+      for (std::size_t i = 1; i < w.size(); ++i) menu.setCheck(w[i], true);
+    } else if (op == "list") {
+      WriteList(w.at(1) == "member" ? "lstMember.sys" : "lstUpload.sys", w.at(2));
+    } else if (op == "body") {
+      WriteBody(w.at(1));
+    } else if (op == "decor") {
+      settings.Write(Setting::kAscii1, w.at(1));
+      settings.Write(Setting::kAscii2, w.at(2));
+    } else if (op == "full") {
+      mail->MarkFull(w.at(1));
+    } else if (op == "file") {
+      TagFields tag = kTag;
+      if (w.size() > 10 && w.at(4) == "tag") tag = {w[5], w[6], w[7], w[8], w[9], w[10]};
+      const bool untagged = w.size() > 4 && w.at(4) == "untagged";
+      chosen_.push_back({w.at(1), untagged ? "" : tag.comment});
+      Choose(w.at(1), std::stoll(w.at(2)), w.at(3), untagged ? nullptr : &tag);
+    } else if (op == "gone") {
+      fs::remove(dir / w.at(1));
+    } else if (op == "at") {
+      at_.push_back(w);
+    } else if (op == "stop-after") {
+      stopAfter_ = std::stoull(w.at(1));
+    } else if (op == "budget") {
+      budget_ = std::stoull(w.at(1));
+    } else {
+      ADD_FAILURE() << "unknown statement " << op;
+    }
+  }
+
+  // What the user does once the n-th file is counted.
+  void AtFile(int n) {
+    for (const Words& w : at_) {
+      if (std::stoi(w.at(1)) != n) continue;
+      const std::string& what = w.at(2);
+      if (what == "stop") {
+        StopRun(frm);
+      } else if (what == "start") {
+        pressStart_ = true;
+      } else if (what == "state") {
+        outcome_.push_back("during " + std::to_string(n) + ": " + Buttons());
+      } else if (what == "error-window") {
+        errorWindow_ = client->OpenDocument("Error");
+      } else if (what == "body") {
+        WriteBody(w.at(3));
+      } else if (what == "options") {
+        for (std::size_t i = 3; i < w.size(); ++i) menu.setCheck(w[i].substr(1), w[i][0] == '+');
+      } else {
+        ADD_FAILURE() << "unknown action " << what;
+      }
+    }
+  }
+
+  std::string Buttons() const {
+    const double top = TwipsTop(frm.pnlTag);
+    return std::string("start=") + (frm.picBut1->isEnabled() ? "on" : "off") +
+           " stop=" + (frm.picBut2->isEnabled() ? "on" : "off") + " tag=" +
+           Quoted(frm.picBut1->Tag.toStdString()) + " panel=" +
+           (top == kTagPanelIdleTop ? "idle"
+            : top == kPanelShownTop ? "shown"
+                                    : "at " + std::to_string(static_cast<int>(top)));
+  }
+
+  // A mail as the client holds it, with the chosen files by their names.
+  std::string Mail(const std::string& head, const sim::MailRecord& r) const {
+    std::string files;
+    for (const std::string& f : r.attachments) {
+      files += (files.empty() ? "" : " ") + fs::path(f).filename().string();
+    }
+    return Cp1252ToUtf8(head + " to " + Quoted(r.to) + " subject " + Quoted(r.subject) +
+                        " body " + Quoted(r.body) + " files " + Quoted(files));
+  }
+
+  void Outcome() {
+    for (const AskedBox& b : prompts.boxes) {
+      outcome_.push_back("box " + std::to_string(b.flags) + " " + Quoted(b.title) + " " +
+                         Quoted(b.text));
+    }
+    if (client) {
+      for (const auto& r : mail->Outgoing()) outcome_.push_back(Mail("queued", r));
+      for (Hwnd w : mail->MailWindows()) {
+        outcome_.push_back(Mail("open " + Quoted(desktop.TextOf(w)), mail->Fields(w)));
+      }
+      for (const sim::ClientEvent& e : client->Events()) {
+        if (e.kind == sim::kEventOutgoingMail || e.kind == sim::kEventMenuItem) {
+          outcome_.push_back(Cp1252ToUtf8("client " + e.kind + ": " + e.detail));
+        }
+      }
+      if (errorWindow_) {
+        outcome_.push_back(desktop.Exists(errorWindow_) ? "error window open" : "error window closed");
+      }
+    }
+    for (const auto& [name, comment] : chosen_) {
+      if (fs::exists(dir / name) && ReadId3Tag(dir / name).comment != comment) {
+        outcome_.push_back("retagged " + Quoted(name) + " comment " +
+                           Quoted(ReadId3Tag(dir / name).comment));
+      }
+    }
+    outcome_.push_back("totals " + Quoted(frm.Label1->Caption()));
+    outcome_.push_back("panel " + Quoted(frm.lblTagIndex->Caption()) + " " +
+                       Quoted(frm.lblTagMb->Caption()) + " " + Quoted(frm.lblTagTotal->Caption()) +
+                       " " + Quoted(frm.lblTagSubj->Caption()));
+    std::string recipients = "recipients";
+    for (const std::string& r : frm.lstSend->Items()) recipients += " " + Quoted(r);
+    outcome_.push_back(recipients);
+    outcome_.push_back("selection " + std::to_string(frm.lstUp->ListCount()) + " " +
+                       std::to_string(frm.lstPathSelect->ListCount()) + " " +
+                       std::to_string(frm.lstSubj->ListCount()));
+    outcome_.push_back(Buttons());
+  }
+
+  void Play() {
+    const Scenario s = Parse(ScenarioDir() / (GetParam() + ".txt"));
+    for (const Words& w : s.setup) Setup(w);
+    int counted = 0;
+    QObject::connect(frm.lblUps, &Label::changed, frm.lblUps, [&] { AtFile(++counted); });
+    std::uint64_t passes = 0;
+    const PumpHookId hook = AddPumpHook([&] {
+      if (++passes == stopAfter_) StopRun(frm);
+      if (pressStart_ && frm.picBut1->isEnabled()) {
+        pressStart_ = false;
+        TaggingRun(frm, menu, services);
+      }
+    });
+    try {
+      PumpBudget budget(budget_);
+      TaggingRun(frm, menu, services);
+      Settle();
+    } catch (const RuntimeFailure& f) {
+      outcome_.push_back("failure " + std::to_string(f.number()));
+    } catch (const BudgetExhausted&) {
+      outcome_.push_back("hung");
+    }
+    RemovePumpHook(hook);
+    Outcome();
+    std::string shown;
+    for (const std::string& line : outcome_) shown += line + "\n";
+    EXPECT_EQ(outcome_, s.expected) << "the outcome:\n" << shown;
+  }
+
+  std::vector<Words> at_;
+  std::vector<std::pair<std::string, std::string>> chosen_;  // name, comment as written
+  std::uint64_t stopAfter_ = 0;
+  std::uint64_t budget_ = 3000000;
+  bool pressStart_ = false;
+  Hwnd errorWindow_ = 0;
+  std::vector<std::string> outcome_;
+};
+
+TEST_P(RunScenario, LeavesWhatTheFileExpects) { Play(); }
+
+class RunButtons : public RunRig {};
+
+TEST_F(RunButtons, StartAndStopPressesReachTheRun) {
+  StartClient(5);
+  ConnectTaggingRun(frm, menu, services);
+  emit frm.picBut1->clicked();
+  ASSERT_EQ(prompts.boxes.size(), 1u);
+  frm.picBut2->setEnabled(true);
+  emit frm.picBut2->clicked();
+  EXPECT_EQ(frm.picBut1->Tag.toStdString(), "stop");
+  EXPECT_FALSE(frm.picBut2->isEnabled());
+  Choose("a.mp3", 1000, "a");
+  PumpBudget budget(1000000);
+  emit frm.picBut1->clicked();
+  EXPECT_EQ(mail->MailWindows().size(), 1u);
+}
+
+// A name in another encoding than UTF-8 is tagged, named in the body and attached as it stands.
+TEST_F(RunButtons, AFileNameThatIsNotUtf8IsTaggedAndAttached) {
+  StartClient(5);
+  Check({"sendlater", "renamecomment"});
+  const std::string path = Choose("caf\xE9.mp3", 500000, "latin");
+  {
+    PumpBudget budget(1000000);
+    TaggingRun(frm, menu, services);
+  }
+  ASSERT_EQ(mail->Outgoing().size(), 1u);
+  EXPECT_EQ(mail->Outgoing()[0].attachments, std::vector<std::string>{path});
+  EXPECT_NE(mail->Outgoing()[0].body.find("file name: caf\xE9.mp3\r\n"), std::string::npos);
+  EXPECT_EQ(ReadId3Tag(path).comment, "renamed comment");
+}
+
+std::vector<std::string> Scenarios() {
+  std::vector<std::string> names;
+  for (const auto& f : fs::directory_iterator(ScenarioDir())) names.push_back(f.path().stem());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, RunScenario, ::testing::ValuesIn(Scenarios()),
+                         [](const auto& info) {
+                           std::string n = info.param;
+                           for (char& c : n) {
+                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+                           }
+                           return n;
+                         });
+
+}  // namespace
+}  // namespace qc::test
