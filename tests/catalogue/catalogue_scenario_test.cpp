@@ -38,14 +38,6 @@ using Words = std::vector<std::string>;
 
 fs::path ScenarioDir() { return fs::path(QC_TEST_DATA_DIR).parent_path() / "scenarios"; }
 
-std::string Quoted(const std::string& text) {
-  std::string out = "\"";
-  for (char c : text) {
-    out += c == '\0' ? "\\0" : c == '\r' ? "\\r" : c == '\n' ? "\\n" : std::string(1, c);
-  }
-  return out + "\"";
-}
-
 class CatalogueScenario : public CatalogueTest, public ::testing::WithParamInterface<std::string> {
  protected:
   std::string Items(const ListBox& list, bool names = false) const {
@@ -162,21 +154,9 @@ TEST_P(CatalogueScenario, ShowsWhatTheFileExpects) {
   EXPECT_EQ(out_, expected) << "written down:\n" << shown;
 }
 
-std::vector<std::string> Scenarios() {
-  std::vector<std::string> names;
-  for (const auto& f : fs::directory_iterator(ScenarioDir())) names.push_back(f.path().stem());
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-INSTANTIATE_TEST_SUITE_P(Scenarios, CatalogueScenario, ::testing::ValuesIn(Scenarios()),
-                         [](const auto& info) {
-                           std::string n = info.param;
-                           for (char& c : n) {
-                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                           }
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Scenarios, CatalogueScenario, 
+                         ::testing::ValuesIn(ScenarioNames(ScenarioDir())),
+                         [](const auto& info) { return TestName(info.param); });
 
 }  // namespace
 }  // namespace qc::test

@@ -440,23 +440,9 @@ TEST_P(ContractTest, DriverPlaysItsScript) {
   EXPECT_TRUE(any) << "no client statement";
 }
 
-std::vector<std::string> Scenarios() {
-  std::vector<std::string> names;
-  for (const auto& f : fs::directory_iterator(GoldenDir())) {
-    if (f.path().extension() == ".txt") names.push_back(f.path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-INSTANTIATE_TEST_SUITE_P(Golden, ContractTest, ::testing::ValuesIn(Scenarios()),
-                         [](const auto& info) {
-                           std::string n = info.param;
-                           for (char& c : n) {
-                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                           }
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Golden, ContractTest, 
+                         ::testing::ValuesIn(ScenarioNames(GoldenDir())),
+                         [](const auto& info) { return TestName(info.param); });
 
 }  // namespace
 }  // namespace qc::test

@@ -43,14 +43,6 @@ using Words = std::vector<std::string>;
 
 fs::path ScenarioDir() { return fs::path(QC_TEST_DATA_DIR).parent_path() / "scenarios"; }
 
-std::string Quoted(const std::string& text) {
-  std::string out = "\"";
-  for (char c : text) {
-    out += c == '\r' ? "\\r" : c == '\n' ? "\\n" : c == '"' ? "\\\"" : std::string(1, c);
-  }
-  return out + "\"";
-}
-
 struct Scenario {
   std::vector<Words> setup;
   std::vector<std::string> expected;
@@ -264,21 +256,9 @@ TEST_F(RunButtons, AFileNameThatIsNotUtf8IsTaggedAndAttached) {
   EXPECT_EQ(ReadId3Tag(path).comment, "renamed comment");
 }
 
-std::vector<std::string> Scenarios() {
-  std::vector<std::string> names;
-  for (const auto& f : fs::directory_iterator(ScenarioDir())) names.push_back(f.path().stem());
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-INSTANTIATE_TEST_SUITE_P(Scenarios, RunScenario, ::testing::ValuesIn(Scenarios()),
-                         [](const auto& info) {
-                           std::string n = info.param;
-                           for (char& c : n) {
-                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                           }
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Scenarios, RunScenario, 
+                         ::testing::ValuesIn(ScenarioNames(ScenarioDir())),
+                         [](const auto& info) { return TestName(info.param); });
 
 }  // namespace
 }  // namespace qc::test

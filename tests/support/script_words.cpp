@@ -1,5 +1,8 @@
 #include "support/script_words.h"
 
+#include <algorithm>
+#include <filesystem>
+
 #include "base/cp1252.h"
 
 namespace qc::test {
@@ -34,6 +37,38 @@ std::vector<std::string> ScriptWords(const std::string& line) {
     out.push_back(w);
   }
   return out;
+}
+
+std::string Quoted(const std::string& text) {
+  std::string out = "\"";
+  for (char c : text) {
+    switch (c) {
+      case '\r': out += "\\r"; break;
+      case '\n': out += "\\n"; break;
+      case '\t': out += "\\t"; break;
+      case '\0': out += "\\0"; break;
+      case '"': out += "\\\""; break;
+      case '\\': out += "\\\\"; break;
+      default: out += c;
+    }
+  }
+  return out + "\"";
+}
+
+std::vector<std::string> ScenarioNames(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& f : std::filesystem::directory_iterator(folder)) {
+    if (f.path().extension() == ".txt") names.push_back(f.path().stem().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string TestName(std::string name) {
+  for (char& c : name) {
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  }
+  return name;
 }
 
 }  // namespace qc::test

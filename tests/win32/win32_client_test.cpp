@@ -311,13 +311,7 @@ TEST_P(Win32Scenario, DoubleHoldsWhatTheDriverDid) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, Win32Scenario, ::testing::ValuesIn(LoadScenarios()),
-                         [](const auto& info) {
-                           std::string n = info.param.name;
-                           for (char& c : n) {
-                             if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                           }
-                           return n;
-                         });
+                         [](const auto& info) { return test::TestName(info.param.name); });
 
 }  // namespace
 }  // namespace qc
