@@ -4,7 +4,9 @@
 
 #include <vector>
 
+#include "client/chat_room.h"
 #include "client/vocabulary.h"
+#include "sim/sim_chat.h"
 #include "sim/sim_client.h"
 #include "support/budget.h"
 #include "support/cases.h"
@@ -59,7 +61,7 @@ TEST_F(WindowRoutinesTest, EachGenerationIsDetectedAndItsScreenNameRead) {
 }
 
 // data/window_routines.txt: the generation of clients with odd menus, the screen name of odd
-// document windows.
+// document windows, the transfer window's texts.
 TEST_F(WindowRoutinesTest, GoldenCases) {
   using test::Args;
   test::RunCases(
@@ -84,6 +86,13 @@ TEST_F(WindowRoutinesTest, GoldenCases) {
             d.NewWindow(mdi, view ? aol::kViewClass : aol::kChildClass, caption.substr(view ? 5 : 0));
           }
           return ClientScreenName(d);
+        }},
+       {"TransferStatus", [&](const Args& a) {
+          SimClient c(d, {.generation = 5});
+          sim::SimChat chat(c);
+          if (a[0] != "-") chat.SetTransferTexts(a[0], a[1], a[2]);
+          const TransferStatus s = ReadTransferStatus(d);
+          return s.percent + " | " + s.amount + " | " + s.file;
         }}});
 }
 

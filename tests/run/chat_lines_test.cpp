@@ -1,5 +1,5 @@
-// Chat announcements as they reach the simulated room, the sender's cut, tail and restore, the
-// room search, the transfer status extraction, upchat mode and the menu wiring.
+// Chat announcements as they reach the simulated room, the sender's tail and restore, the
+// room search, upchat mode and the menu wiring.
 #include <QAction>
 
 #include "base/failure.h"
@@ -114,26 +114,6 @@ TEST_F(ChatTest, ScrollFormsDifferByOneMarkAndSayNoneWithoutATransfer) {
                                                   kLine1 + kTail, kMenuHead + rest, kLine3 + kTail}));
 }
 
-TEST_F(ChatTest, CutAtNinetyTwoCharactersBeforeTheTail) {
-  const Hwnd room = chat.OpenRoom("Lobby");
-  struct Case {
-    std::size_t length;
-    bool cut;
-    std::size_t sent;
-  } cases[] = {{91, true, 91}, {92, true, 92}, {93, true, 92}, {93, false, 93}, {200, true, 92}};
-  for (const Case& c : cases) {
-    std::string text(c.length, 'a');
-    bool tail = true;
-    bool cut = c.cut;
-    {
-      PumpBudget budget(5000);
-      ChatSend(desktop, text, tail, cut);
-    }
-    EXPECT_EQ(chat.Transcript(room).back(), std::string(c.sent, 'a') + kTail) << c.length;
-    EXPECT_EQ(text, std::string(c.sent, 'a') + kTail) << "the caller's text is changed";
-  }
-}
-
 TEST_F(ChatTest, RoomSearchAndWhereNothingIsSent) {
   Send("nobody hears this");  // no room at all
   const Hwnd b = chat.OpenRoom("Room B", RoomForm::kB, RoomInput::kAolEdit);
@@ -164,39 +144,6 @@ TEST_F(ChatTest, ARoomThatNeverTakesTheLineKeepsTheSenderWaiting) {
   bool cut = false;
   PumpBudget budget(3000);
   EXPECT_THROW(ChatSend(desktop, text, tail, cut), BudgetExhausted);
-}
-
-TEST_F(ChatTest, TransferStatusFromTheWindowsTexts) {
-  EXPECT_EQ(ReadTransferStatus(desktop), (TransferStatus{"none", "none", "none"}));
-  struct Case {
-    const char* title;
-    const char* fileLine;
-    const char* amountLine;
-    TransferStatus expected;  // or none, with the failure number
-    int failure;
-  } cases[] = {
-      {"File Transfer - 45%", "Now uploading song.mp3", "Sent: 1.25 MB of 3.40 MB",
-       {"45", "1.25", " song.mp3"}, 0},
-      {"File Transfer - 100%", "Now uploading a b.mp3", "Sent: 3.40 MB", {"100", "3.40", " a b.mp3"}, 0},
-      {"File Transfer - ab%", "Now uploading x.mp3", "Sent: lots of it", {"na", "na", " x.mp3"}, 0},
-      // No "r - ": the text is taken from its fourth character.
-      {"Upload - 45%", "Now uploading x.mp3", "Sent: 2 MB", {"na", "2", " x.mp3"}, 0},
-      {"abc45 - x", "Now uploading x.mp3", "Sent: 2 MB", {"na", "2", " x.mp3"}, 0},
-      {"File Transfer", "Now uploading x.mp3", "Sent: 2 MB", {"none", "none", "none"}, 0},
-      // Positions count code-page characters: the blank of "\xE9t\xE9 b" stands at 4.
-      {"File Transfer - 5%", "Sending\xE9t\xE9 b.mp3", "Sent: 1.25 MB of 3", {"5", "5", "\u00E9t\u00E9 b.mp3"}, 0},
-      {"File Transfer - 5%", "Now uploadingsong.mp3", "Sent: 1.25 MB", {}, kInvalidArgument},
-      {"File Transfer - 5%", "Now uploading song.mp3", "Sent: 1.25", {}, kInvalidArgument},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(std::string(c.title) + " | " + c.fileLine + " | " + c.amountLine);
-    chat.SetTransferTexts(c.title, c.fileLine, c.amountLine);
-    TransferStatus got;
-    EXPECT_EQ(FailureNumberOf([&] { got = ReadTransferStatus(desktop); }), c.failure);
-    if (!c.failure) {
-      EXPECT_EQ(got, c.expected);
-    }
-  }
 }
 
 TEST_F(ChatTest, UpchatHidesAndMinimisesThenRestoresOrComplains) {

@@ -2,11 +2,23 @@
 
 #include "base/pump.h"
 #include "support/cases.h"
+#include "text/address_entry.h"
 #include "text/template_keys.h"
 #include "text/text.h"
 
 namespace qc {
 namespace {
+
+// A list holding "old", as the mail-list window's entry sees it.
+class Entries : public EntryList {
+ public:
+  long long Count() const override { return static_cast<long long>(items.size()); }
+  std::string Item(long long i) const override { return items.at(static_cast<std::size_t>(i)); }
+  void Add(const std::string& item) override { items.push_back(item); }
+  void MakeCurrent(long long index) override { current = std::to_string(index); }
+  std::vector<std::string> items{"old"};
+  std::string current = "-";
+};
 
 // data/routines.txt; ReplaceAll's result is also what the caller's text holds.
 TEST(TextRoutines, GoldenCases) {
@@ -28,7 +40,14 @@ TEST(TextRoutines, GoldenCases) {
        {"TextBefore", [](const Args& a) { return TextBefore(a[0], a[1]); }},
        {"TextAfter", [](const Args& a) { return TextAfter(a[0], a[1]); }},
        {"TrimTrailing", [](const Args& a) { return TrimTrailing(a[0], a[1]); }},
-       {"StripBlanks", [](const Args& a) { return StripBlanks(a[0]); }}});
+       {"StripBlanks", [](const Args& a) { return StripBlanks(a[0]); }},
+       {"Enter", [](const Args& a) {
+          Entries list;
+          EnterAddresses(a[1], a[0] == "member", list);
+          std::string out;
+          for (const std::string& item : list.items) out += item + " ";
+          return out + "| " + list.current;
+        }}});
 }
 
 TEST(ReplaceAll, PumpsOncePerSearchAndHandlersSeeTheTextSoFar) {
