@@ -1,5 +1,5 @@
 // The subject and body editors, the decoration editor, and the menu items that open them and
-// insert keys. What they save reaching a run is tested with the recorded run.
+// insert keys. What they save reaching a run is the run scenarios' business.
 #include <QAction>
 #include <QApplication>
 #include <QMenu>

@@ -1,7 +1,8 @@
-// Whole tagging runs against the simulated client, one scenario a file in scenarios/: the files
-// chosen, the options, the lists and templates, what the user does while the run goes on, and
-// everything the run leaves behind (the boxes it asked, the mails the client holds, the main
-// window's counters, run panel, recipients, selection and buttons).
+// The main window's work against the simulated client, one scenario a file in scenarios/: the
+// files chosen, the options, the lists and templates, the tagging run and what the user does
+// while it goes on, the chat tools; and everything left behind (the boxes asked, the mails the
+// client holds, the chat rooms' lines, instant messages and privacy settings, the main window's
+// counters, run panel, recipients, selection and buttons).
 //
 // File format, one statement a line, "#" starts a comment; texts in quotes (\r \n \" \xNN):
 //   client G                  the client's generation, 0 for none
@@ -19,18 +20,30 @@
 //                             the next wait), state (written down), error-window (the client
 //                             shows one), options +ITEM -ITEM..., body TEXT
 //   stop-after PASSES         the stop button, pressed after that many pump passes
-//   budget PASSES             before the run counts as hung (default 3,000,000)
+//   budget PASSES             before a step counts as hung (default 3,000,000)
+//   room CAPTION | transfer FILE PERCENT AMOUNT | member NAME    the client's chat room, file
+//                             transfer window, and a member who takes instant messages
+//   start                     the tagging run
+//   menu ITEM | click CONTROL a menu item of frmMenu, a click on a picture button of frmMain
+//   greet | goodbye           the start-up and exit blocks in the chat room
+//   note                      writes down the transfer window's state and the show commands it
+//                             took since the last note
 //   expect                    then the outcome, line for line
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <memory>
 #include <sstream>
 
 #include "base/cp1252.h"
 #include "base/failure.h"
 #include "base/pump.h"
+#include "run/chat.h"
 #include "run/tagging_run.h"
+#include "sim/sim_chat.h"
+#include "sim/sim_im.h"
 #include "run_rig.h"
 #include "support/script_words.h"
 #include "ui/window_routines.h"
@@ -69,7 +82,10 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
   void Setup(const Words& w) {
     const std::string& op = w.at(0);
     if (op == "client") {
-      if (std::stoi(w.at(1)) > 0) StartClient(std::stoi(w.at(1)));
+      if (std::stoi(w.at(1)) == 0) return;
+      StartClient(std::stoi(w.at(1)));
+      chat_ = std::make_unique<sim::SimChat>(*client);
+      im_ = std::make_unique<sim::SimIm>(*client);
     } else if (op == "counters") {
       frm.lblUps->SetCaption(w.at(1));
       frm.lblMBs->SetCaption(w.at(2));
@@ -98,6 +114,28 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
       stopAfter_ = std::stoull(w.at(1));
     } else if (op == "budget") {
       budget_ = std::stoull(w.at(1));
+    } else if (op == "room") {
+      rooms_.emplace_back(w.at(1), chat_->OpenRoom(ToCodePage(w.at(1))));
+    } else if (op == "transfer") {
+      chat_->StartTransfer(w.at(1), w.at(2), w.at(3));
+    } else if (op == "member") {
+      im_->AddMember(w.at(1));
+    } else if (op == "note") {
+      std::string shows;
+      for (const sim::TraceEntry& t : desktop.Trace()) {
+        if (t.op == "ShowWindow") shows += " " + t.line.substr(t.line.rfind(' ') + 1);
+      }
+      desktop.ClearTrace();
+      outcome_.push_back("transfer " + TransferState() + ", shown with" + shows);
+    } else if (op == "start") {
+      counted_ = 0;  // files are counted from the run's start
+      Step([this] { TaggingRun(frm, menu, services); });
+    } else if (op == "menu") {
+      Step([&] { menu.findChild<QAction*>(QString::fromStdString(w.at(1)))->trigger(); });
+    } else if (op == "click") {
+      Step([&] { emit frm.findChild<Label*>(QString::fromStdString(w.at(1)))->clicked(); });
+    } else if (op == "greet" || op == "goodbye") {
+      Step([&] { (op == "greet" ? SendStartBlock : SendEndBlock)(frm, desktop); });
     } else {
       ADD_FAILURE() << "unknown statement " << op;
     }
@@ -124,6 +162,24 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
         ADD_FAILURE() << "unknown action " << what;
       }
     }
+  }
+
+  // One thing the user does, with the budget; a failure or a wait that never ends is written down.
+  void Step(const std::function<void()>& step) {
+    try {
+      PumpBudget budget(budget_);
+      step();
+      Settle();
+    } catch (const RuntimeFailure& f) {
+      outcome_.push_back("failure " + std::to_string(f.number()));
+    } catch (const BudgetExhausted&) {
+      outcome_.push_back("hung");
+    }
+  }
+
+  std::string TransferState() const {
+    const Hwnd t = chat_->Transfer();
+    return !desktop.Visible(t) ? "hidden" : desktop.Minimised(t) ? "minimised" : "shown";
   }
 
   std::string Buttons() const {
@@ -161,6 +217,18 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
           outcome_.push_back(Cp1252ToUtf8("client " + e.kind + ": " + e.detail));
         }
       }
+      for (const auto& [caption, room] : rooms_) {
+        for (const std::string& line : chat_->Transcript(room))
+          outcome_.push_back("chat " + Quoted(caption) + " " + Quoted(Cp1252ToUtf8(line)));
+      }
+      for (const sim::ImRecord& m : im_->Sent()) {
+        outcome_.push_back(Cp1252ToUtf8("im to " + Quoted(m.to) + " text " + Quoted(m.text)));
+      }
+      std::string privacy;
+      for (const auto& [box, state] : im_->PrivacyWrites())
+        privacy += " " + std::to_string(box) + "=" + std::to_string(state);
+      if (!privacy.empty()) outcome_.push_back("privacy" + privacy);
+      if (chat_->Transfer()) outcome_.push_back("transfer " + TransferState());
       if (errorWindow_) {
         outcome_.push_back(desktop.Exists(errorWindow_) ? "error window open" : "error window closed");
       }
@@ -186,9 +254,8 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
 
   void Play() {
     const Scenario s = Parse(ScenarioDir() / (GetParam() + ".txt"));
-    for (const Words& w : s.setup) Setup(w);
-    int counted = 0;
-    QObject::connect(frm.lblUps, &Label::changed, frm.lblUps, [&] { AtFile(++counted); });
+    ConnectChatTools(frm, menu, services);
+    QObject::connect(frm.lblUps, &Label::changed, frm.lblUps, [this] { AtFile(++counted_); });
     std::uint64_t passes = 0;
     const PumpHookId hook = AddPumpHook([&] {
       if (++passes == stopAfter_) StopRun(frm);
@@ -197,15 +264,7 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
         TaggingRun(frm, menu, services);
       }
     });
-    try {
-      PumpBudget budget(budget_);
-      TaggingRun(frm, menu, services);
-      Settle();
-    } catch (const RuntimeFailure& f) {
-      outcome_.push_back("failure " + std::to_string(f.number()));
-    } catch (const BudgetExhausted&) {
-      outcome_.push_back("hung");
-    }
+    for (const Words& w : s.setup) Setup(w);
     RemovePumpHook(hook);
     Outcome();
     std::string shown;
@@ -218,8 +277,12 @@ class RunScenario : public RunRig, public ::testing::WithParamInterface<std::str
   std::uint64_t stopAfter_ = 0;
   std::uint64_t budget_ = 3000000;
   bool pressStart_ = false;
+  int counted_ = 0;
   Hwnd errorWindow_ = 0;
   std::vector<std::string> outcome_;
+  std::unique_ptr<sim::SimChat> chat_;
+  std::unique_ptr<sim::SimIm> im_;
+  std::vector<std::pair<std::string, Hwnd>> rooms_;
 };
 
 TEST_P(RunScenario, LeavesWhatTheFileExpects) { Play(); }
