@@ -9,6 +9,7 @@
 #include "run/dates.h"
 #include "run/runlog.h"
 #include "run_rig.h"
+#include "support/cases.h"
 
 namespace qc::test {
 namespace {
@@ -90,22 +91,12 @@ TEST(ShortFileName, KeepsWhatFollowsTheLastSeparator) {
   EXPECT_EQ(ShortFileName("/music/"), "");
 }
 
+// data/dates.txt: the two forms of a date.
 TEST(Dates, LongAndShortForms) {
-  struct Case {
-    CivilDate date;
-    const char* longText;
-    const char* shortText;
-  } cases[] = {
-      {{1999, 1, 1}, "friday, jan. 01, 1999", "01/01/99"},
-      {{2000, 2, 29}, "tuesday, feb. 29, 2000", "02/29/00"},
-      {{2024, 12, 25}, "wednesday, dec. 25, 2024", "12/25/24"},
-      {{2009, 9, 6}, "sunday, sep. 06, 2009", "09/06/09"},
-      {{1998, 5, 18}, "monday, may. 18, 1998", "05/18/98"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(LongDateText(c.date), c.longText);
-    EXPECT_EQ(ShortDateText(c.date), c.shortText);
-  }
+  RunCases(QC_TEST_DATA_DIR "/dates.txt", {{"Date", [](const Args& a) {
+             const CivilDate d{std::stoi(a[0]), std::stoi(a[1]), std::stoi(a[2])};
+             return LongDateText(d) + " | " + ShortDateText(d);
+           }}});
 }
 
 }  // namespace

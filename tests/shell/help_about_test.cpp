@@ -64,7 +64,6 @@ TEST(AboutTest, ShowsTheFixedTextsAndTheLowerCasedHandle) {
 TEST(AboutTest, AnyPressOnAnyPartUnloadsIt) {
   const std::pair<const char*, Qt::MouseButton> presses[] = {
       {"frmAbout", Qt::LeftButton}, {"Frame1", Qt::RightButton}, {"Image1", Qt::MiddleButton},
-      {"Label1", Qt::LeftButton},   {"Label2", Qt::RightButton}, {"Label7", Qt::MiddleButton},
       {"lblName", Qt::LeftButton},  {"pnlAbout", Qt::RightButton}};
   for (const auto& [part, button] : presses) {
     QPointer<FrmAbout> slot;

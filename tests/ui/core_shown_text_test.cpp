@@ -1,7 +1,6 @@
 // What the controls show of a value and what they keep: NUL-padded tag fields, markup-like
 // subjects and file names that are not UTF-8.
 #include <QLabel>
-#include <QStyledItemDelegate>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -30,22 +29,6 @@ TEST(ShownText, CutAtTheFirstNulWithStrayBytesReadAsLatin1) {
   for (const Case& c : cases) EXPECT_EQ(ShownText(ToQ(c.value)), c.shown) << c.value;
   EXPECT_EQ(FromQ(ToQ(kLatin1)), kLatin1);
   EXPECT_EQ(FromQ(ToQ(kPadded)), kPadded);
-}
-
-TEST(ShownText, ListShowsUpToTheNulAndKeepsTheWholeEntry) {
-  ListBox list;
-  list.AddItem(kPadded + " - ilona");
-  list.AddItem(kLatin1);
-  list.AddItem("plain");
-  list.Flush();
-  EXPECT_EQ(list.Items(), (std::vector<std::string>{kPadded + " - ilona", kLatin1, "plain"}));
-  EXPECT_EQ(list.ShownItem(0), QStringLiteral("miracles"));
-  EXPECT_EQ(list.ShownItem(1), QString::fromUtf8("/music/caf\xC3\xA9.mp3"));
-  // What the view paints is the delegate's text.
-  const QModelIndex index = list.model()->index(0, 0);
-  EXPECT_EQ(static_cast<QStyledItemDelegate*>(list.itemDelegate())
-                ->displayText(index.data(), QLocale::c()),
-            QStringLiteral("miracles"));
 }
 
 TEST(ShownText, EntriesReachAVisibleListInBatchesButEveryOperationSeesThem) {
