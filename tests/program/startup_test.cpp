@@ -1,5 +1,6 @@
-// Start-up and exit: the options and totals through the store, the generation warning, the
-// version slide, the whole load from the splash to the main window, and exit during a run.
+// Start-up and exit where the program scenarios cannot reach: the warning before the splash, the
+// version slide, the whole load from the splash to the main window, the exit's order, exit during
+// a run and the user's own lock.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPointer>
@@ -29,68 +30,9 @@ class StartupTest : public SandboxTest {
   static std::string FlagKey(const char* item) {
     return std::string("frmmenu.") + item + ".Checked";
   }
-  std::string Names() {
-    return frmMenu.lblHandle->Caption() + "|" + frmMenu.lblRename->Caption() + "|" +
-           frmMenu.userHandle->text().toStdString();
-  }
   FrmMain frmMain;
   FrmMenu frmMenu;
 };
-
-TEST_F(StartupTest, RestoreTakesDefaultsFlagsByTheirNumberAndValuesAsTheyStand) {
-  // Without a client the screen-name defaults are empty, and an empty handle stands once saved.
-  RestoreUserSettings(frmMain, frmMenu, services);
-  EXPECT_EQ(Names(), "|uploaded by |&handle []");
-  SaveUserSettings(frmMain, frmMenu, settings);
-  StartClient(5);
-  RestoreUserSettings(frmMain, frmMenu, services);
-  EXPECT_EQ(Names(), "|uploaded by |&handle []");
-
-  settings.DeleteAll();
-  // Set everything the other way first, so that the defaults must come from the store.
-  for (const char* item : kOptionItems) frmMenu.setCheck(item, std::string(item) == "renamecomment");
-  frmMain.lblMBs->setText("99");
-  RestoreUserSettings(frmMain, frmMenu, services);
-  for (const char* item : kOptionItems)
-    EXPECT_EQ(frmMenu.check(item), std::string(item) != "renamecomment") << item;
-  EXPECT_EQ(frmMain.lblUps->Caption() + frmMain.lblMBs->Caption(), "00");
-  EXPECT_EQ(Names(), "Brindle Rose|uploaded by Brindle Rose|&handle [Brindle Rose]");
-
-  for (const auto& [stored, checked] :
-       {std::pair{"0", false}, std::pair{"7", true}, std::pair{"1", true}, std::pair{"x", false}}) {
-    settings.Save(kOptionsSection, {{FlagKey("autohead"), stored}, {FlagKey("renamecomment"), stored}});
-    RestoreUserSettings(frmMain, frmMenu, services);
-    EXPECT_EQ(frmMenu.check("autohead"), checked) << stored;
-    EXPECT_EQ(frmMenu.check("renamecomment"), checked) << stored;
-  }
-  // No parsing of the four values.
-  settings.Save(kOptionsSection, {{"mbs", "12.50"}, {"ups", "abc"}, {"handle", "  dj Quill "}});
-  RestoreUserSettings(frmMain, frmMenu, services);
-  EXPECT_EQ(frmMain.lblUps->Caption() + " " + frmMain.lblMBs->Caption(), "abc 12.50");
-  EXPECT_EQ(frmMenu.userHandle->text().toStdString(), "&handle [  dj Quill ]");
-}
-
-TEST_F(StartupTest, WarningOnlyForGenerationsTwoAndFourBeforeAnythingShows) {
-  for (int generation : {2, 3, 4, 5, 0}) {
-    prompts.boxes.clear();
-    if (generation) {
-      StartClient(generation);
-    } else {
-      StopClient();
-    }
-    const bool warns = generation == 2 || generation == 4;
-    EXPECT_EQ(WarnOnClientGeneration(services), warns) << generation;
-    if (warns) {
-      ExpectBox(prompts, 0, kGenerationWarningText, 4160, "Warning:");
-    } else {
-      EXPECT_TRUE(prompts.boxes.empty()) << generation;
-    }
-  }
-  const std::string text = kGenerationWarningText;
-  EXPECT_EQ(text.rfind("QUILL CAST v.qc27e has detected", 0), 0u);
-  EXPECT_NE(text.find("programed to work with AOL 95 and AOL 5.0 (32bit) only;"), std::string::npos);
-  EXPECT_EQ(text.substr(text.size() - 43), "make sure to install AOL 95 for windows 95.");
-}
 
 // Records whether the splash was on screen when the warning was asked.
 class SplashWatcher : public ScriptedPrompts {
