@@ -6,12 +6,10 @@
 #include <QClipboard>
 #include <QTest>
 
-#include "base/failure.h"
 #include "base/pump.h"
 #include "mail/mail_editors.h"
 #include "support/sandbox.h"
 #include "ui/frmmenu.h"
-#include "ui/settings_store.h"
 #include "ui/window_routines.h"
 
 namespace qc::test {

@@ -5,14 +5,12 @@
 #include <QProcess>
 #include <QTimer>
 
-#include "mail/mail_editors.h"
 #include "program/menu_wiring.h"
 #include "program/startup.h"
 #include "shell/frm_about.h"
 #include "support/sandbox.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
-#include "ui/settings_store.h"
 
 namespace qc::test {
 namespace {

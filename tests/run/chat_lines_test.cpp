@@ -1,6 +1,5 @@
 // The chat sender where the scenarios cannot reach: the counts line built only once line 1 has
 // gone, the room search, a room that never takes a line, and the system-modal message.
-#include "base/failure.h"
 #include "client/upchat.h"
 #include "run/chat.h"
 #include "sim/sim_chat.h"

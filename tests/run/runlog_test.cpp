@@ -85,12 +85,6 @@ TEST_F(RunLog, CopyPutsTheClipboardFormOnTheClipboardOrRefuses) {
             4160, "log");
 }
 
-TEST(ShortFileName, KeepsWhatFollowsTheLastSeparator) {
-  EXPECT_EQ(ShortFileName("/music/set one/track.mp3"), "track.mp3");
-  EXPECT_EQ(ShortFileName("track.mp3"), "track.mp3");
-  EXPECT_EQ(ShortFileName("/music/"), "");
-}
-
 // data/dates.txt: the two forms of a date.
 TEST(Dates, LongAndShortForms) {
   RunCases(QC_TEST_DATA_DIR "/dates.txt", {{"Date", [](const Args& a) {

@@ -2,9 +2,6 @@
 #include "shell/region.h"
 
 #include <QImage>
-#include <QLabel>
-#include <QPixmap>
-#include <QWidget>
 #include <gtest/gtest.h>
 
 namespace qc {
@@ -62,21 +59,6 @@ TEST(RegionFromPictureTest, ScansAsTheTopLeftPixelOrTheKnownColourSays) {
               c.covered);
     EXPECT_EQ(colour, c.after);
   }
-}
-
-TEST(RegionFromPictureTest, PictureControlAndSkinShapeTheWindow) {
-  QWidget window(nullptr, Qt::FramelessWindowHint);
-  window.resize(4, 3);
-  QLabel picture(&window);
-  picture.setPixmap(QPixmap::fromImage(Bitmap({".##.", "####", ".##."})));
-  picture.resize(4, 3);
-  picture.hide();
-  PlatformColour colour = 0;
-  EXPECT_EQ(Covered(RegionFromPicture(picture, colour), 4, 3), (Rows{".##.", "####", ".##."}));
-  picture.setPixmap(QPixmap::fromImage(Bitmap({"....", ".##.", "...."})));
-  ApplySkin(&window, picture);
-  EXPECT_EQ(window.mask(), QRegion(1, 1, 2, 1));
-  EXPECT_EQ(SkinRegion(), QRegion(1, 1, 2, 1));
 }
 
 }  // namespace

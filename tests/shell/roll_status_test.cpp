@@ -1,9 +1,8 @@
-// Rolling the window up and down, and the status label's texts under the mouse.
+// The roll's steps, and the status label's texts under the mouse.
 #include <QLabel>
 #include <QListWidget>
 #include <gtest/gtest.h>
 
-#include "ui/window_routines.h"
 #include "base/failure.h"
 #include "shell/roll.h"
 #include "shell/status_texts.h"
@@ -14,25 +13,16 @@
 namespace qc {
 namespace {
 
-TEST(RollTest, UpLiftsPicMinisRowToTheEdgeKeepingTheTopInTheTagAndDownPutsItBack) {
-  QWidget window(nullptr, Qt::FramelessWindowHint);
-  window.resize(245, 136);
-  QWidget picMini(&window);
-  SetTwipsGeometry(&picMini, 3090, 150, 180, 180);
-  picMini.setToolTip(kRollUp);
-  QString tag;
-  SetTwipsTop(&window, 4500);
-  RollUpOrDown(&window, &picMini, tag);
-  EXPECT_EQ(picMini.toolTip(), "roll down");
-  EXPECT_EQ(tag, "4500");
-  EXPECT_DOUBLE_EQ(TwipsTop(&window), -150);
-  EXPECT_EQ(window.size(), QSize(245, 136));
-  SetTwipsTop(&window, 0);  // the snap after a drag moves a rolled-up window
-  RollUpOrDown(&window, &picMini, tag);
-  EXPECT_EQ(picMini.toolTip(), "roll up");
-  EXPECT_DOUBLE_EQ(TwipsTop(&window), 4500);
-  // Any other tip rolls down, compared exactly; a tag that is no number is a type mismatch.
-  EXPECT_EQ(NextRoll("", "15", 0, 150).toolTip, "roll up");
+// Up lifts the window by picMini's top, keeping its top in the tag; down puts the tag's top back.
+// Only "roll up" rolls up, compared exactly; a tag that is no number is a type mismatch.
+TEST(RollTest, UpKeepsTheTopInTheTagAndDownPutsItBack) {
+  const RollStep up = NextRoll(kRollUp, "", 4500, 150);
+  EXPECT_EQ(up.toolTip, "roll down");
+  EXPECT_EQ(up.tag, "4500");
+  EXPECT_DOUBLE_EQ(up.top, -150);
+  const RollStep down = NextRoll(up.toolTip, up.tag, 0, 150);
+  EXPECT_EQ(down.toolTip, "roll up");
+  EXPECT_DOUBLE_EQ(down.top, 4500);
   EXPECT_DOUBLE_EQ(NextRoll("Roll Up", "15", 0, 150).top, 15);
   EXPECT_EQ(test::FailureNumberOf([] { NextRoll("roll down", "up", 0, 150); }), kTypeMismatch);
 }

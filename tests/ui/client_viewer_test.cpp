@@ -91,16 +91,13 @@ TEST_F(ClientViewerTest, FollowsTheDesktopOnItsOwnRebuildingOnlyOnAChangeAndLets
   {
     ClientViewer v(d, &c);
     const int builds = v.treeBuilds();
-    v.Refresh();
     d.FindWindowA("#32768", std::nullopt);  // a lookup changes nothing
     v.Refresh();
     EXPECT_EQ(v.treeBuilds(), builds);
     v.show();
     c.OpenDocument("Send Later");
-    d.SetText(c.frame(), "Renamed");
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return TreeLines(*v.tree()).contains("    AOL Child | Send Later | "); }, 2000));
-    EXPECT_EQ(TreeLines(*v.tree()).front(), "AOL Frame25 | Renamed | ");
     c.Quit();
     v.Refresh();
     EXPECT_EQ(v.tree()->topLevelItemCount(), 0);
@@ -109,11 +106,7 @@ TEST_F(ClientViewerTest, FollowsTheDesktopOnItsOwnRebuildingOnlyOnAChangeAndLets
   // The viewer is gone: the desktop goes on tracing without it.
   d.FindWindowA("x", std::nullopt);
   EXPECT_EQ(d.Trace().back().op, "FindWindowA");
-  // A desktop without a client.
-  ClientViewer bare(d);
-  bare.Refresh();
-  EXPECT_TRUE(bare.events()->toPlainText().isEmpty());
-  EXPECT_EQ(bare.status()->text(), "no simulated client");
+  EXPECT_EQ(ClientViewer(d).status()->text(), "no simulated client");
 }
 
 }  // namespace

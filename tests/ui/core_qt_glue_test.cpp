@@ -79,7 +79,9 @@ TEST(QtGlue, RealClockPauseHandlesEventsAsTheyCome) {
   EXPECT_LT(pumps, 20u);
 }
 
-TEST(QtGlue, ListFileAppendsToTheControlAndSavesOneLinePerItem) {
+// The file's fields are the text routines' own; through a control, fields are appended with a
+// pump between them, and a list past 16 bits saves an empty file, the overflow skipped.
+TEST(QtGlue, ListFileAppendsToTheControlAndSkipsTheOverflowOnSave) {
   TempDir dir;
   WriteBytes(dir / "lst.sys", "alpha,\"b, c\"\r\n\r\nlast");
   ListBox list;
@@ -87,10 +89,7 @@ TEST(QtGlue, ListFileAppendsToTheControlAndSavesOneLinePerItem) {
   const auto before = PumpCount();
   LoadListFile(dir / "lst.sys", list);
   EXPECT_EQ(list.Items(), (std::vector<std::string>{"kept", "alpha", "b, c", "", "last"}));
-  EXPECT_GE(PumpCount() - before, 4u);  // events pumped between the fields
-  SaveListFile(dir / "out.sys", list);
-  EXPECT_EQ(ReadBytes(dir / "out.sys"), "kept\r\nalpha\r\nb, c\r\n\r\nlast\r\n");
-  // Past 16 bits the count overflows; the failure is ignored and the file is left empty.
+  EXPECT_GE(PumpCount() - before, 4u);
   QStringList many;
   for (int i = 0; i < 32768; ++i) many << "a";
   list.addItems(many);
