@@ -77,6 +77,9 @@ TEST(ListBox, InsertRemoveNewIndexAndSelection) {
   list.SetSelected(2, true);  // single: moves the selection
   EXPECT_FALSE(list.Selected(1));
   EXPECT_EQ(list.SelCount(), 1);
+  list.SetSelected(2, false);  // the cursor stays, but with nothing selected there is no index
+  EXPECT_EQ(list.ListIndex(), -1);
+  list.SetSelected(2, true);
   list.SetListIndex(-1);
   EXPECT_EQ(list.SelCount(), 0);
   list.SetMultiSelect(ListBox::kSimple);
