@@ -154,25 +154,5 @@ TEST(Label, ClickIsAPressAndReleaseOverAnEnabledControlAndADoubleClickActsOnce) 
   EXPECT_EQ(clicked2.count(), 1);
 }
 
-TEST(FrmMain, CloseIsRefusedAndReported) {
-  FrmMain f;
-  f.show();
-  QSignalSpy asked(&f, &FrmMain::closeRequested);
-  EXPECT_FALSE(f.close());  // as the window manager's close (Alt+F4) arrives
-  EXPECT_EQ(asked.count(), 1);
-  EXPECT_TRUE(f.isVisible());
-}
-
-TEST(TextBox, ReportsEachKeyAndStillTakesIt) {
-  QWidget host;
-  TextBox t(QStringLiteral("txtX"), QStringLiteral("ab"), &host);
-  QSignalSpy keys(&t, &TextBox::keyPress);
-  for (Qt::Key k : {Qt::Key_C, Qt::Key_Return, Qt::Key_Enter}) QTest::keyClick(&t, k);
-  std::vector<int> reported;
-  for (const QList<QVariant>& k : keys) reported.push_back(k.at(0).toInt());
-  EXPECT_EQ(reported, (std::vector<int>{'c', 13, 13}));
-  EXPECT_EQ(t.Text(), "abc");
-}
-
 }  // namespace
 }  // namespace qc
