@@ -12,7 +12,7 @@
 //   select ROW... | select-up ROW...   rows of the folder list or of the selection, selected
 //   cursor ROW | cursor-up ROW         the list's cursor row
 //   add | add-current | remove | remove-current | refresh | clear yes|no
-//   info | next | previous | select-mode | type TEXT | backspace | set TEXT | enter
+//   info | next | previous | select-mode | type TEXT | backspace | set TEXT | enter | keypad-enter
 //   click CONTROL              a click on one of the main window's picture buttons or labels
 //   gone NAME | retag NAME TITLE ARTIST
 //   show WHAT...               writes down: mp3 paths up selected subjects labels box index
@@ -132,6 +132,7 @@ class CatalogueScenario : public CatalogueTest, public ::testing::WithParamInter
     if (op == "backspace") main.txtSubj->backspace();
     if (op == "set") main.txtSubj->setText(QString::fromStdString(w.at(1)));
     if (op == "enter") Key(main.txtSubj, Qt::Key_Return, QStringLiteral("\r"));
+    if (op == "keypad-enter") Key(main.txtSubj, Qt::Key_Enter, QStringLiteral("\r"));
     if (op == "gone") fs::remove(folder_ + kSep + w.at(1));
     if (op == "retag") WriteId3Tag(folder_ + kSep + w.at(1), w.at(2), w.at(3), "", "", "", "");
     if (op == "click") emit main.findChild<Label*>(QString::fromStdString(w.at(1)))->clicked();
