@@ -135,7 +135,11 @@ class CatalogueScenario : public CatalogueTest, public ::testing::WithParamInter
     if (op == "keypad-enter") Key(main.txtSubj, Qt::Key_Enter);  // by its key, without a text
     if (op == "gone") fs::remove(folder_ + kSep + w.at(1));
     if (op == "retag") WriteId3Tag(folder_ + kSep + w.at(1), w.at(2), w.at(3), "", "", "", "");
-    if (op == "click") emit main.findChild<Label*>(QString::fromStdString(w.at(1)))->clicked();
+    if (op == "click") {
+      Label* control = main.findChild<Label*>(QString::fromStdString(w.at(1)));
+      ASSERT_NE(control, nullptr) << w[1];
+      emit control->clicked();
+    }
     if (op == "show") for (std::size_t i = 1; i < w.size(); ++i) Show(w[i]);
   }
   std::vector<std::string> out_;

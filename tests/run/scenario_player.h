@@ -134,10 +134,15 @@ class ScenarioPlayer : public RunRig {
     } else if (op == "start") {
       counted_ = 0;  // files are counted from the run's start
       Step([this] { TaggingRun(frm, menu, services); });
-    } else if (op == "menu") {
-      Step([&] { menu.findChild<QAction*>(QString::fromStdString(w.at(1)))->trigger(); });
-    } else if (op == "click") {
-      Step([&] { emit frm.findChild<Label*>(QString::fromStdString(w.at(1)))->clicked(); });
+    } else if (op == "menu" || op == "click") {
+      const QString name = QString::fromStdString(w.at(1));
+      QAction* item = op == "menu" ? menu.findChild<QAction*>(name) : nullptr;
+      Label* control = op == "click" ? frm.findChild<Label*>(name) : nullptr;
+      if (!item && !control) {
+        ADD_FAILURE() << "no " << op << " " << w[1];
+        return;
+      }
+      Step([&] { item ? item->trigger() : emit control->clicked(); });
     } else if (op == "greet" || op == "goodbye") {
       Step([&] { (op == "greet" ? SendStartBlock : SendEndBlock)(frm, desktop); });
     } else if (!Extra(w)) {
