@@ -88,7 +88,8 @@ TEST_F(RunLog, CopyPutsTheClipboardFormOnTheClipboardOrRefuses) {
 // data/dates.txt: the two forms of a date.
 TEST(Dates, LongAndShortForms) {
   RunCases(QC_TEST_DATA_DIR "/dates.txt", {{"Date", [](const Args& a) {
-             const CivilDate d{std::stoi(a[0]), std::stoi(a[1]), std::stoi(a[2])};
+             const CivilDate d{std::stoi(a[0]), static_cast<unsigned>(std::stoi(a[1])),
+                               static_cast<unsigned>(std::stoi(a[2]))};
              return LongDateText(d) + " | " + ShortDateText(d);
            }}});
 }
