@@ -1,5 +1,5 @@
 // The menu commands the program scenarios cannot write down: the kill item on a modal window,
-// the popups under the triangles, the windows the items open, and a second instance.
+// the popups under the triangles and a second instance.
 #include <QApplication>
 #include <QMenu>
 #include <QProcess>
@@ -7,7 +7,6 @@
 
 #include "program/menu_wiring.h"
 #include "program/startup.h"
-#include "shell/frm_about.h"
 #include "support/sandbox.h"
 #include "ui/frmmain.h"
 #include "ui/frmmenu.h"
@@ -49,29 +48,6 @@ TEST_F(MenuWiringTest, EachTriangleOpensItsMenuUnderIt) {
     ASSERT_EQ(shown, tree) << button->objectName().toStdString();
     // At the button's left, one pixel (15 twips) below its bottom edge.
     EXPECT_EQ(at, frmMain.mapToGlobal(QPoint(button->x(), button->geometry().bottom() + 2)));
-  }
-}
-
-TEST_F(MenuWiringTest, AboutAndEditorItemsOpenTheirWindowsWithoutBlocking) {
-  frmMenu.lblHandle->setText("DJ Quill");
-  frmMenu.aboutmp33->trigger();
-  FrmAbout* about = nullptr;
-  for (QWidget* w : QApplication::topLevelWidgets())
-    if (auto* a = qobject_cast<FrmAbout*>(w); a && a->isVisible()) about = a;
-  ASSERT_NE(about, nullptr);
-  EXPECT_EQ(about->lblName->text(), "dj quill");
-  frmMenu.lblHandle->setText("Other");
-  frmMenu.aboutmp33->trigger();  // still open: the same window, the old name
-  EXPECT_EQ(about->lblName->text(), "dj quill");
-  delete about;
-  frmMenu.editSubject->trigger();
-  frmMenu.headfootopt->trigger();
-  for (const char* name : {"frmSubject", "frmHead"}) {
-    QWidget* editor = nullptr;
-    for (QWidget* w : QApplication::topLevelWidgets())
-      if (w->objectName() == name && w->isVisible()) editor = w;
-    ASSERT_NE(editor, nullptr) << name;
-    delete editor;
   }
 }
 
