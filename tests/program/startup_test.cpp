@@ -159,7 +159,7 @@ TEST_F(ExitInRun, ExitDuringTheSecondFileSavesTheFirstFilesTotals) {
   Choose("one.mp3", 1500000, "Band - One");
   Choose("two.mp3", 500000, "Band - Two");
   Choose("three.mp3", 250000, "Band - Three");
-  Check({"sendlater"});
+  menu.setCheck("sendlater", true);
   frm.lblUps->SetCaption("10");
   frm.lblMBs->SetCaption("20");
   frm.show();
