@@ -59,8 +59,9 @@ TEST(ProgramTest, SecondInstanceEndsSilentlyBeforeAnyWindow) {
   ASSERT_TRUE(held.acquired());
   QProcess p;
   QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-  env.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);  // where the user's lock lies
-  env.insert(QStringLiteral("TMPDIR"), path);
+  // Where the user's own lock lies; the temporary folder stays elsewhere, so only a lock that
+  // follows the user's runtime folder is found.
+  env.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);
   env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
   env.insert(QStringLiteral("XDG_CONFIG_HOME"), path);
   p.setProcessEnvironment(env);
