@@ -31,22 +31,6 @@ class CatalogueTest : public SandboxTest {
     return path;
   }
   void SetTemplate(const std::string& t) { settings.Save(kSubjectSection, "subject", t); }
-  // Chooses the folder through the scripted folder chooser.
-  void Choose(const std::string& folder) {
-    prompts.folderAnswers.push_back(folder);
-    ChooseFolder(main, prompts);
-  }
-  void Select(std::initializer_list<int> rows) {
-    for (int r : rows) main.lstMp3->SetSelected(r, true);
-  }
-  // Chooses the folder afresh and adds all its files.
-  void AddAll() {
-    main.lstPaths->Clear();
-    main.lstMp3->Clear();
-    Choose(folder_);
-    for (int i = 0; i < main.lstMp3->ListCount(); ++i) main.lstMp3->SetSelected(i, true);
-    AddSelectedMp3s(main, settings);
-  }
 
   const std::string folder_ = dir / "mp3";
   FrmMain main;

@@ -2,6 +2,8 @@
 // the folder chosen, entries selected, added, removed, refreshed, stepped through in info mode,
 // and what the lists, labels and subject box show in between.
 //
+// What the user does by a click or a menu item goes through that control or item, as bound.
+//
 // File format, one statement a line, "#" starts a comment; texts in quotes (\r \n \" \xNN):
 //   file NAME [BYTES] [TAIL]   a file of BYTES bytes (1000) in the folder; TAIL: untagged (the
 //                              default), tag TITLE [ARTIST ALBUM YEAR COMMENT GENRE-NUMBER] [nul]
@@ -14,9 +16,14 @@
 //   add | add-current | remove | remove-current | refresh | clear yes|no
 //   info | next | previous | select-mode | type TEXT | backspace | set TEXT | enter | keypad-enter
 //   click CONTROL              a click on one of the main window's picture buttons or labels
+//   menu ITEM                  an item of the folder lists' popup menu
 //   gone NAME | retag NAME TITLE ARTIST
 //   show WHAT...               writes down: mp3 paths up selected subjects labels box index
-//                              panels folder selcount viewed boxes
+//                              panels folder selcount viewed boxes editor (the tag editor's
+//                              boxes and the path it and the main window hold)
+//   block NAME                 writes down the file's tag block: its text, then the genre byte
+//   WINDOW.CONTROL ACTION... | look CONTROL... | clipboard set TEXT
+//                              the controls of the windows on screen (ui/control_steps.h)
 //   > LINE                     what the show before it must have written, line for line
 // A run-time failure of a statement is written down as "failure N".
 #include <gtest/gtest.h>
@@ -24,10 +31,12 @@
 #include <filesystem>
 #include <fstream>
 
+#include "catalogue/frm_idedit.h"
 #include "catalogue/info_mode.h"
 #include "catalogue_fixture.h"
 #include "support/qt_events.h"
 #include "support/script_words.h"
+#include "ui/control_steps.h"
 #include "ui/window_routines.h"
 
 namespace qc::test {
@@ -40,12 +49,13 @@ fs::path ScenarioDir() { return fs::path(QC_TEST_DATA_DIR).parent_path() / "scen
 
 class CatalogueScenario : public CatalogueTest, public ::testing::WithParamInterface<std::string> {
  protected:
+  // A path inside the folder as "/NAME".
+  std::string Inside(const std::string& path) const {
+    return path.rfind(folder_, 0) == 0 ? path.substr(folder_.size()) : path;
+  }
   std::string Items(const ListBox& list, bool names = false) const {
     std::string out;
-    for (std::string item : list.Items()) {
-      if (names && item.rfind(folder_, 0) == 0) item = item.substr(folder_.size());
-      out += " " + Quoted(item);
-    }
+    for (const std::string& item : list.Items()) out += " " + Quoted(names ? Inside(item) : item);
     return out;
   }
 
@@ -80,6 +90,14 @@ class CatalogueScenario : public CatalogueTest, public ::testing::WithParamInter
     }
     if (what == "viewed") out_.push_back("viewed " + Quoted(main.lstPathSelect->Tag.toStdString()));
     if (what == "selcount") out_.push_back("selcount " + std::to_string(main.lstMp3->SelCount()));
+    if (what == "editor") {
+      std::string line = "editor";
+      for (const char* box :
+           {"txtTitle", "txtArtist", "txtAlbum", "txtYear", "cmbGenre", "txtComment"})
+        line += " " + Look(std::string("frmIDedit.") + box);
+      out_.push_back(line + " path " + Quoted(Inside(TagEditor()->lblPath->Caption())) + " " +
+                     Quoted(Inside(main.lblPath->Caption())));
+    }
     if (what == "boxes") {
       for (const AskedBox& b : prompts.boxes)
         out_.push_back("asked " + std::to_string(b.flags) + " " + Quoted(b.title) + " " + Quoted(b.text));
@@ -109,30 +127,43 @@ class CatalogueScenario : public CatalogueTest, public ::testing::WithParamInter
     if (op == "file") File(w);
     if (op == "folder") fs::create_directories(folder_ + kSep + w.at(1));
     if (op == "template") SetTemplate(w.at(1));
-    if (op == "choose") Choose(folder_ + (w.size() > 1 ? w[1] : ""));
-    if (op == "cancel") Choose("");
+    if (op == "choose" || op == "cancel") {
+      prompts.folderAnswers.push_back(op == "cancel" ? "" : folder_ + (w.size() > 1 ? w[1] : ""));
+      emit main.lblSetfolder->clicked();
+    }
     if (op == "select") for (std::size_t i = 1; i < w.size(); ++i) main.lstMp3->SetSelected(row(i), true);
     if (op == "select-up") for (std::size_t i = 1; i < w.size(); ++i) main.lstUp->SetSelected(row(i), true);
     if (op == "cursor") main.lstMp3->SetListIndex(row(1));
     if (op == "cursor-up") main.lstUp->SetListIndex(row(1));
-    if (op == "add") AddSelectedMp3s(main, settings);
-    if (op == "add-current") AddCurrentMp3(main, settings);
-    if (op == "remove") RemoveSelectedMp3s(main);
-    if (op == "remove-current") RemoveCurrentMp3(main);
-    if (op == "refresh") RefreshFolderList(main);
+    if (op == "add") emit main.lbl_Add->clicked();
+    if (op == "add-current") menu2.addmp3->trigger();
+    if (op == "remove") emit main.lblRemove->clicked();
+    if (op == "remove-current") menu2.rmvmp33->trigger();
+    if (op == "refresh") emit main.lbl_refresh->clicked();
     if (op == "clear") {
       prompts.boxAnswers.push_back(w.at(1) == "yes" ? kAnswerYes : kAnswerNo);
-      ClearFolderList(main, prompts);
+      emit main.lbl_Clr->clicked();
     }
-    if (op == "info") GoInfoMode(main);
-    if (op == "next") ShowNextFile(main);
-    if (op == "previous") ShowPreviousFile(main);
-    if (op == "select-mode") GoSelectMode(main);
+    if (op == "info") emit main.picInfo->clicked();
+    if (op == "next") emit main.picDown->clicked();
+    if (op == "previous") emit main.picUp->clicked();
+    if (op == "select-mode") emit main.picSelect->clicked();
     if (op == "type") test::Type(main.txtSubj, QString::fromStdString(w.at(1)));
     if (op == "backspace") main.txtSubj->backspace();
     if (op == "set") main.txtSubj->setText(QString::fromStdString(w.at(1)));
     if (op == "enter") Key(main.txtSubj, Qt::Key_Return, QStringLiteral("\r"));
     if (op == "keypad-enter") Key(main.txtSubj, Qt::Key_Enter);  // by its key, without a text
+    if (op == "menu") {
+      QAction* item = menu2.findChild<QAction*>(QString::fromStdString(w.at(1)));
+      ASSERT_NE(item, nullptr) << w[1];
+      item->trigger();
+    }
+    if (op == "block") {
+      const std::string bytes = ReadBytes(folder_ + kSep + w.at(1));
+      out_.push_back("block " + Quoted(bytes.substr(bytes.size() - 128, 127)) + " " +
+                     std::to_string(static_cast<unsigned char>(bytes.back())));
+    }
+    if (IsControlStep(op)) ControlStep(w, out_);
     if (op == "gone") fs::remove(folder_ + kSep + w.at(1));
     if (op == "retag") WriteId3Tag(folder_ + kSep + w.at(1), w.at(2), w.at(3), "", "", "", "");
     if (op == "click") {
@@ -154,6 +185,7 @@ TEST_P(CatalogueScenario, ShowsWhatTheFileExpects) {
     const int failure = FailureNumberOf([&] { Do(ScriptWords(line)); });
     if (failure) out_.push_back("failure " + std::to_string(failure));
   }
+  UnloadSecondaryWindows();
   std::string shown;
   for (const std::string& line : out_) shown += "> " + line + "\n";
   EXPECT_EQ(out_, expected) << "written down:\n" << shown;

@@ -3,10 +3,12 @@
 //   answer TEXT | answer cancel   the next input box's answer
 //   store KEY VALUE               a value in the store before anything reads it
 //   restore | warn | exit         start-up's restore and generation warning, the exit
-//   marks | names | stored        writes down the option marks; the handle, comment and handle
-//                                 item; every key of the store
+//   marks | names | stored [KEY...]   writes down the option marks; the handle, comment and
+//                                 handle item; the keys of the store (every one when none given)
 // and outcome lines for the input boxes asked, web pages opened and the program's end.
 #include <QAction>
+
+#include <algorithm>
 
 #include "program/menu_wiring.h"
 #include "program/startup.h"
@@ -51,6 +53,7 @@ class ProgramScenario : public ScenarioPlayer, public ::testing::WithParamInterf
                          Quoted(menu.userHandle->text().toStdString()));
     } else if (op == "stored") {
       for (const SettingEntry& e : SettingsTable()) {
+        if (w.size() > 1 && std::find(w.begin() + 1, w.end(), e.key) == w.end()) continue;
         outcome_.push_back(std::string("stored ") + e.key + " " +
                            Quoted(settings.Get(e.section, e.key, "<none>")));
       }

@@ -1,6 +1,6 @@
 // The chat sender where the scenarios cannot reach: the counts line built only once line 1 has
-// gone, the room search, a room that never takes a line, and the system-modal message.
-#include "client/upchat.h"
+// gone, the room search and a room that never takes a line. That the upchat's message is system
+// modal is the run scenarios' (chat_upchat_without_transfer).
 #include "run/chat.h"
 #include "sim/sim_chat.h"
 #include "support/sandbox.h"
@@ -83,16 +83,6 @@ TEST_F(ChatTest, ARoomThatNeverTakesTheLineKeepsTheSenderWaiting) {
   bool cut = false;
   PumpBudget budget(3000);
   EXPECT_THROW(ChatSend(desktop, text, tail, cut), BudgetExhausted);
-}
-
-TEST(ShowMessage, AlwaysSystemModal) {
-  ScriptedPrompts prompts;
-  std::string text = "t";
-  int flags = 64;
-  std::string title = "x";
-  ShowMessage(prompts, text, flags, title);
-  ExpectBox(prompts, 0, "t", 64 + 4096, "x");
-  EXPECT_EQ(flags, 64);
 }
 
 }  // namespace

@@ -43,12 +43,6 @@ class RunRig : public SandboxTest {
     return path;
   }
   void WriteBody(const std::string& text) { SaveTextFile(app + "txtBody.sys", text); }
-  void WriteList(const std::string& name, const std::string& bytes) {
-    WriteBytes(app + "/" + name, bytes);
-  }
-  void Check(std::initializer_list<const char*> items, bool on = true) {
-    for (const char* item : items) menu.setCheck(item, on);
-  }
 
   FrmMain frm;
   FrmMenu menu;

@@ -1,4 +1,5 @@
-// The run scenarios in scenarios/, played by the scenario player.
+// The run scenarios in scenarios/, played by the scenario player, and a file name no scenario
+// can write down. The buttons that start and stop a run are a program scenario (stop_button).
 #include "scenario_player.h"
 
 namespace qc::test {
@@ -12,27 +13,13 @@ class RunScenario : public ScenarioPlayer, public ::testing::WithParamInterface<
 
 TEST_P(RunScenario, LeavesWhatTheFileExpects) { Play(ScenarioDir() / (GetParam() + ".txt")); }
 
-class RunButtons : public RunRig {};
-
-TEST_F(RunButtons, StartAndStopPressesReachTheRun) {
-  StartClient(5);
-  ConnectTaggingRun(frm, menu, services);
-  emit frm.picBut1->clicked();
-  ASSERT_EQ(prompts.boxes.size(), 1u);
-  frm.picBut2->setEnabled(true);
-  emit frm.picBut2->clicked();
-  EXPECT_EQ(frm.picBut1->Tag.toStdString(), "stop");
-  EXPECT_FALSE(frm.picBut2->isEnabled());
-  Choose("a.mp3", 1000, "a");
-  PumpBudget budget(1000000);
-  emit frm.picBut1->clicked();
-  EXPECT_EQ(mail->MailWindows().size(), 1u);
-}
+using RunButtons = RunRig;
 
 // A name in another encoding than UTF-8 is tagged, named in the body and attached as it stands.
 TEST_F(RunButtons, AFileNameThatIsNotUtf8IsTaggedAndAttached) {
   StartClient(5);
-  Check({"sendlater", "renamecomment"});
+  menu.setCheck("sendlater", true);
+  menu.setCheck("renamecomment", true);
   const std::string path = Choose("caf\xE9.mp3", 500000, "latin");
   {
     PumpBudget budget(1000000);

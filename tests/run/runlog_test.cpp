@@ -1,11 +1,5 @@
-// The run log's bytes in both forms, its sums, the clipboard command and the dates it carries.
-#include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
-
-#include <filesystem>
-
-#include "base/failure.h"
+// The run log's mail form, its sums and the dates it carries. The clipboard form, the command
+// that copies it and a file gone from under it are a program scenario (run_log_copy).
 #include "run/dates.h"
 #include "run/runlog.h"
 #include "run_rig.h"
@@ -26,7 +20,7 @@ class RunLog : public RunRig {
   RunLog() { services.today = [] { return CivilDate{1999, 1, 2}; }; }
 };
 
-TEST_F(RunLog, BothFormsByteForByte) {
+TEST_F(RunLog, MailFormByteForByte) {
   EXPECT_EQ(CompileRunLog(frm, services.today()), Head("0", "0"));
   Choose("first.mp3", 1500000, "MiXeD Case [x]");
   Choose("second.mp3", 3520000, "");
@@ -35,9 +29,6 @@ TEST_F(RunLog, BothFormsByteForByte) {
             Head("2", "5.02") +
                 "1.\tfile name: first.mp3\r\n\tfile size: 1.5mb\r\tMiXeD Case [x]\n\r\n\r\n"
                 "2.\tfile name: second.mp3\r\n\tfile size: 3.52mb\r\t\n\r\n\r\n");
-  EXPECT_EQ(BuildRunLog(frm, RunLogForm::kClipboard, services.today()),
-            Head("2", "5.02") + "1.\tfile name: first.mp3\r\n\tfile size: 1.5mb\r\n\r\n"
-                                "2.\tfile name: second.mp3\r\n\tfile size: 3.52mb\r\n\r\n");
 }
 
 TEST_F(RunLog, TotalIsTheSumOfRoundedSizes) {
@@ -59,30 +50,6 @@ TEST_F(RunLog, TotalIsTheSumOfRoundedSizes) {
     EXPECT_NE(CompileRunLog(frm, services.today()).find("    total megabytes: " + std::string(c.total) + "\r\n"),
               std::string::npos);
   }
-}
-
-TEST_F(RunLog, VanishedFileEndsTheWalkWithFileNotFound) {
-  Choose("here.mp3", 1000, "a");
-  std::filesystem::remove(Choose("gone.mp3", 1000, "b"));
-  EXPECT_EQ(FailureNumberOf([&] { CompileRunLog(frm, services.today()); }), kFileNotFound);
-  EXPECT_EQ(FailureNumberOf([&] { SelectedMbTotal(frm); }), kFileNotFound);
-}
-
-TEST_F(RunLog, CopyPutsTheClipboardFormOnTheClipboardOrRefuses) {
-  QGuiApplication::clipboard()->setText(QStringLiteral("before"));
-  CopyRunLog(frm, services);
-  EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
-  ExpectBox(prompts, 0, "cannot compile a log because you have not selected files to upload.",
-            4112, "error:");
-  Choose("first.mp3", 1500000, "abc");
-  ConnectRunLog(frm, menu, services);
-  menu.compileLog->trigger();
-  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
-            BuildRunLog(frm, RunLogForm::kClipboard, services.today()));
-  ExpectBox(prompts, 1,
-            "log has been copyed to your clipboard. it is recommened that you paste the log into "
-            "an email form and send it to the person in your group that is in charge of stats!",
-            4160, "log");
 }
 
 // data/dates.txt: the two forms of a date.

@@ -12,7 +12,7 @@
 //   list member|upload TEXT   the bytes of a list file
 //   body TEXT                 the body template file
 //   decor LEFT RIGHT          the notices' decoration
-//   full ADDRESS              a full mailbox
+//   full|unknown ADDRESS      a full mailbox, an address the mail system does not know
 //   file NAME BYTES SUBJECT [untagged | tag TITLE ARTIST ALBUM YEAR COMMENT GENRE]
 //                             a chosen file (tagged "Song" "Band" "Record" "1998" "old comment"
 //                             "Blues" unless told)
@@ -29,6 +29,10 @@
 //   greet | goodbye           the start-up and exit blocks in the chat room
 //   note                      writes down the transfer window's state and the show commands it
 //                             took since the last note
+//   bytes NAME...             writes down the bytes of files in the program's folder ("/NAME")
+//                             or beside it ("NAME"), or "missing"
+//   WINDOW.CONTROL ACTION... | look CONTROL... | clipboard set TEXT
+//                             the controls of the windows on screen (ui/control_steps.h)
 //   expect                    then the outcome, line for line
 #include <gtest/gtest.h>
 
@@ -46,6 +50,7 @@
 #include "sim/sim_chat.h"
 #include "sim/sim_im.h"
 #include "support/script_words.h"
+#include "ui/control_steps.h"
 #include "ui/window_routines.h"
 
 namespace qc::test {
@@ -96,14 +101,14 @@ class ScenarioPlayer : public RunRig {
     } else if (op == "options") {
       for (std::size_t i = 1; i < w.size(); ++i) menu.setCheck(w[i], true);
     } else if (op == "list") {
-      WriteList(w.at(1) == "member" ? "lstMember.sys" : "lstUpload.sys", w.at(2));
+      WriteBytes(app + (w.at(1) == "member" ? "/lstMember.sys" : "/lstUpload.sys"), w.at(2));
     } else if (op == "body") {
       WriteBody(w.at(1));
     } else if (op == "decor") {
       settings.Write(Setting::kAscii1, w.at(1));
       settings.Write(Setting::kAscii2, w.at(2));
-    } else if (op == "full") {
-      mail->MarkFull(w.at(1));
+    } else if (op == "full" || op == "unknown") {
+      op == "full" ? mail->MarkFull(w.at(1)) : mail->MarkUnknown(w.at(1));
     } else if (op == "file") {
       TagFields tag = kTag;
       if (w.size() > 10 && w.at(4) == "tag") tag = {w[5], w[6], w[7], w[8], w[9], w[10]};
@@ -145,6 +150,14 @@ class ScenarioPlayer : public RunRig {
       Step([&] { item ? item->trigger() : emit control->clicked(); });
     } else if (op == "greet" || op == "goodbye") {
       Step([&] { (op == "greet" ? SendStartBlock : SendEndBlock)(frm, desktop); });
+    } else if (op == "bytes") {
+      for (std::size_t i = 1; i < w.size(); ++i) {
+        const std::string path = app + w[i];
+        const bool there = std::filesystem::exists(path);
+        outcome_.push_back("bytes " + w[i] + " " + (there ? Quoted(ReadBytes(path)) : "missing"));
+      }
+    } else if (IsControlStep(op)) {
+      Step([&] { ControlStep(w, outcome_); });
     } else if (!Extra(w)) {
       ADD_FAILURE() << "unknown statement " << op;
     }
@@ -280,6 +293,7 @@ class ScenarioPlayer : public RunRig {
       }
     }
     RemovePumpHook(hook);
+    UnloadSecondaryWindows();
     Outcome();
     std::string shown;
     for (const std::string& line : outcome_) shown += line + "\n";

@@ -1,5 +1,5 @@
-// The settings store: where its file lies, the key table with its defaults, flags, deletes and
-// non-ASCII values.
+// The settings store: where its file lies, the key table with its defaults, deletes and non-ASCII
+// values. How a flag reads its leading number is a program scenario (restore_values_as_stored).
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -61,17 +61,6 @@ TEST_F(SettingsStoreTest, TableHoldsEveryKeyWithItsDefault) {
   EXPECT_EQ(settings.GetTable("tagoptions", "rename", ""), "uploaded by ");
   settings.Save("tagoptions", "handle", "stored");
   EXPECT_EQ(settings.GetTable("tagoptions", "handle", "third"), "stored");
-}
-
-TEST_F(SettingsStoreTest, FlagsReadThroughTheLeadingNumber) {
-  const std::pair<const char*, bool> cases[] = {
-      {"1", true},  {"0", false},  {"2", true},   {"x", false}, {"", false},
-      {" 1", true}, {"0.5", true}, {"00", false}, {"1x", true}, {"-1", false},
-  };
-  for (const auto& [stored, on] : cases) {
-    settings.Save("tagoptions", "frmmenu.bbcemail.Checked", stored);
-    EXPECT_EQ(FlagIsOn(settings.GetTable("tagoptions", "frmmenu.bbcemail.Checked")), on) << stored;
-  }
 }
 
 TEST_F(SettingsStoreTest, DeletesAKeyASectionOrEverythingOfOneStore) {

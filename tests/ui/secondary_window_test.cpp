@@ -24,8 +24,6 @@ class EditWindow : public SecondaryWindow {
   Command3D* exit_;
 };
 
-void FlushDeletes() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
 TEST(SecondaryWindowTest, OpensSizedByItsFaceCentredOnTopWithoutBlockingAndSavesOnceOnExit) {
   int saves = 0;
   QPointer<EditWindow> slot;
@@ -43,7 +41,7 @@ TEST(SecondaryWindowTest, OpensSizedByItsFaceCentredOnTopWithoutBlockingAndSaves
   w->exit_->click();
   EXPECT_EQ(saves, 1);
   EXPECT_FALSE(w->isVisible());
-  FlushDeletes();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(slot.isNull());
   EditWindow* second = OpenSecondary(slot, &saves);
   EXPECT_TRUE(second->isVisible());
