@@ -33,6 +33,7 @@ class SimDesktopTest : public ::testing::Test {
 
   VirtualTime vt;
   SimDesktop d;
+  std::int32_t zero = 0;  // the zero word of the messages that take one
 };
 using SimClientTest = SimDesktopTest;
 
@@ -83,7 +84,6 @@ TEST_F(SimDesktopTest, TextMessagesAndCaptionReads) {
   EXPECT_EQ(d.GetWindowTextA(w, small, 5), 4);
   EXPECT_EQ(small, std::string("Welc\0.....", 10));
 
-  std::int32_t zero = 0;
   EXPECT_EQ(d.SendMessageA(w, aol::kWmGetTextLength, 0, LParam::Word(zero)), 13);
   std::string out(13, '\0');
   EXPECT_EQ(d.SendMessageA(w, aol::kWmGetText, 14, LParam::Buffer(out)), 13);
@@ -254,7 +254,6 @@ TEST_F(SimDesktopTest, ShowStatesTopmostWindowsAndModality) {
   EXPECT_EQ(d.TextOf(icon), "t");
   // The parameters the message table does not allow: a posted click with a word, a sent one
   // with 0, a length read without a zero word.
-  std::int32_t zero = 0;
   d.PostMessageA(icon, 513, 0, LParam::Word(zero));
   d.SendMessageA(icon, 14, 0, LParam());
   EXPECT_EQ(d.Violations().size(), 4u);
@@ -274,7 +273,6 @@ TEST_F(SimClientTest, AClickIsAPressAndAReleaseOnOneControlTakenWhenTheReleaseAr
   EXPECT_TRUE(c.Events().empty());
   DoEvents();
   EXPECT_EQ(c.EventDetails(kEventClick), Lines{"toolbar icon 3"});
-  std::int32_t zero = 0;
   d.SendMessageA(icon3, aol::kWmLButtonDown, 0, LParam::Word(zero));
   d.SendMessageA(icon3, aol::kWmLButtonUp, 0, LParam::Word(zero));
   EXPECT_EQ(c.EventDetails(kEventClick).size(), 2u);
