@@ -1,32 +1,26 @@
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 
 #include "base/byte_text.h"
+#include "support/cases.h"
 
 namespace qc {
 namespace {
 
-TEST(ByteText, ValidUtf8DecodesAndStrayBytesTravelAsEscapes) {
-  struct Case {
-    std::string bytes;
-    std::u16string text;
-  } cases[] = {
-      {"plain.mp3", u"plain.mp3"},
-      {"caf\xC3\xA9", u"caf\u00E9"},
-      {"caf\xE9.mp3", u"caf\xDCE9.mp3"},                  // Latin-1
-      {"\xF0\x9F\x8E\xB5", u"\U0001F3B5"},                 // a pair of surrogates
-      {"\xC0\xAF", u"\xDCC0\xDCAF"},                       // overlong
-      {"\xE0\x80\xAF", u"\xDCE0\xDC80\xDCAF"},           // three bytes, overlong
-      {"\xED\xA0\x80", u"\xDCED\xDCA0\xDC80"},             // an encoded surrogate
-      {"\xF4\x90\x80\x80", u"\xDCF4\xDC90\xDC80\xDC80"},   // past U+10FFFF
-      {"\xE2\x82", u"\xDCE2\xDC82"},                       // cut short at the end
-      {std::string("a\0b", 3), std::u16string(u"a\0b", 3)},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(Utf16FromBytes(c.bytes), c.text) << c.bytes;
-    EXPECT_EQ(BytesFromUtf16(c.text), c.bytes) << c.bytes;
-  }
+// data/byte_text.txt: the UTF-16 text of some bytes, which must give the same bytes back.
+TEST(ByteText, GoldenCases) {
+  test::RunCases(QC_TEST_DATA_DIR "/byte_text.txt", {{"Utf16", [](const test::Args& a) {
+                   const std::u16string text = Utf16FromBytes(a[0]);
+                   std::string shown = BytesFromUtf16(text) == a[0] ? "" : "not the bytes again: ";
+                   for (const char16_t u : text) {
+                     char unit[8];
+                     std::snprintf(unit, sizeof unit, "<%04X>", static_cast<unsigned>(u));
+                     shown += u >= 0x20 && u < 0x7F ? std::string(1, static_cast<char>(u)) : unit;
+                   }
+                   return shown;
+                 }}});
 }
 
 TEST(ByteText, EveryByteStringComesBack) {

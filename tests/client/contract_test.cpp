@@ -5,13 +5,13 @@
 // and caption reads, WM_GETTEXTLENGTH and WM_GETTEXT) are left out of the script; the simulated
 // desktop checks every message's parameters against the message table on its own.
 //
-// File format, one statement a line, "#" starts a comment:
-//   client G [noise] [slow] [never] [last=PART] [signed-off]   the client; slow builds the last
-//                             part late, never not at all. Each client line is played on its own
-//                             and must give the same.
+// File format, one statement a line; a line that begins with "#" is a comment:
+//   client G [noise] [slow] [never] [last=PART]   the client; slow builds the last part late,
+//                             never not at all. Each client line is played on its own and must
+//                             give the same.
 //   file PATH | full ADDR | member NAME | buddy both|lists | refuse-paths N
-//   ignore KEY N (a mail control ignores N clicks) | ignore-clicks N (any control) | slow KEY SECS
-//   room CAPTION [A|B] [rich|edit] | typed TEXT | document CAPTION | modal | popup
+//   ignore KEY N (a mail control ignores N clicks) | ignore-clicks N (any control)
+//   room CAPTION [A|B] [rich|edit] | typed TEXT | modal | popup
 //   box CAPTION BUTTON...     a message box of the client
 //   list ITEM...              the address list of a full-box check
 //   budget N                  pump passes before the scenario counts as hung
@@ -74,7 +74,6 @@ struct Item {
 };
 
 struct Scenario {
-  std::string name;
   std::vector<std::string> setup;
   std::vector<std::pair<std::string, std::string>> defines;
   std::vector<std::string> script;
@@ -84,25 +83,12 @@ struct Scenario {
 
 Scenario Parse(const fs::path& file) {
   Scenario s;
-  s.name = file.stem().string();
   std::ifstream in(file);
   std::string raw;
   std::vector<std::string>* section = &s.setup;
   while (std::getline(in, raw)) {
-    std::string line = raw;
-    // A comment is a "#" with a blank or the end behind it, outside quotes (classes such as
-    // #32770 begin with one too).
-    bool quoted = false;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      if (line[i] == '"' && (i == 0 || line[i - 1] != '\\')) quoted = !quoted;
-      if (!quoted && line[i] == '#' && (i + 1 == line.size() || line[i + 1] == ' ') &&
-          (i == 0 || line[i - 1] == ' ')) {
-        line.resize(i);
-        break;
-      }
-    }
-    line = Trimmed(line);
-    if (line.empty()) continue;
+    const std::string line = Trimmed(raw);
+    if (line.empty() || line[0] == '#') continue;
     if (line == "script") {
       section = &s.script;
     } else if (line == "client" && section != &s.setup) {
@@ -124,15 +110,14 @@ Scenario Parse(const fs::path& file) {
   return s;
 }
 
-// An expected line, or a loop over expected lines: "repeat N" exactly N times, "repeat+" once or
-// more (as often as its body matches).
+// An expected line, or with a body a loop over expected lines, once or more (as often as its body
+// matches). "repeat N" is its body written out N times.
 struct Node {
   std::string line;
-  int times = 0;  // 0: a line; -1: once or more
   std::vector<Node> body;
 };
 
-// Puts names for paths (to = true) or paths for names. A path stands behind a blank or "gone:".
+// Puts names for paths (toNames) or paths for names. A path stands behind a blank or "gone:".
 std::string Substitute(std::string line, const Scenario& s, bool toNames) {
   auto pairs = s.defines;
   if (toNames) {
@@ -156,17 +141,20 @@ std::string Substitute(std::string line, const Scenario& s, bool toNames) {
 
 std::vector<Node> Tree(const Scenario& s, const std::vector<std::string>& lines) {
   std::vector<std::vector<Node>> open(1);
-  std::vector<Node> loops;
+  std::vector<int> times;  // 0: once or more
   for (const std::string& line : lines) {
     const Words w = ScriptWords(line);
     if (w[0] == "repeat" || w[0] == "repeat+") {
-      loops.push_back({"", w[0] == "repeat+" ? -1 : std::stoi(w[1]), {}});
+      times.push_back(w[0] == "repeat+" ? 0 : std::stoi(w[1]));
       open.emplace_back();
     } else if (w[0] == "end") {
-      loops.back().body = std::move(open.back());
+      const std::vector<Node> body = std::move(open.back());
       open.pop_back();
-      open.back().push_back(std::move(loops.back()));
-      loops.pop_back();
+      if (times.back() == 0) open.back().push_back({"", body});
+      for (int k = 0; k < times.back(); ++k) {
+        open.back().insert(open.back().end(), body.begin(), body.end());
+      }
+      times.pop_back();
     } else {
       open.back().push_back({Substitute(line, s, false)});
     }
@@ -188,20 +176,12 @@ bool Matches(const std::string& expected, const Item& actual) {
 std::size_t MatchNodes(const std::vector<Node>& nodes, const std::vector<Item>& items,
                        std::size_t at) {
   for (const Node& n : nodes) {
-    if (at == std::string::npos) return at;
-    if (n.times == 0) {
+    if (n.body.empty()) {
       if (at >= items.size() || !Matches(n.line, items[at])) return std::string::npos;
       ++at;
       continue;
     }
     std::size_t next = MatchNodes(n.body, items, at);
-    if (n.times > 0) {
-      for (int k = 1; k < n.times && next != std::string::npos; ++k) {
-        next = MatchNodes(n.body, items, next);
-      }
-      at = next;
-      continue;
-    }
     if (next == std::string::npos) return next;
     do {
       at = next;
@@ -211,12 +191,13 @@ std::size_t MatchNodes(const std::vector<Node>& nodes, const std::vector<Item>& 
   return at;
 }
 
-// An item as a script line, with the scenario's names put back in.
+// An item as a script line, with the scenario's names put back in; a run of pumps with the time
+// it spans, where it spans any, in a comment.
 std::string Show(const Item& item, const Scenario& s) {
   if (!item.line.empty()) return Substitute(item.line, s, true);
   std::ostringstream out;
-  out << (item.pumps == 1 ? "pump" : "pump " + std::to_string(item.pumps)) << "  # " << item.span
-      << " s";
+  if (item.span > 0) out << "# " << item.span << " s\n";
+  out << (item.pumps == 1 ? "pump" : "pump " + std::to_string(item.pumps));
   return out.str();
 }
 
@@ -234,12 +215,6 @@ class Play {
   bool hangs = false;
   std::vector<std::string> typed;
 
-  ~Play() {
-    chat.reset();
-    im.reset();
-    mail.reset();
-  }
-
   void Setup(const Words& w) {
     const std::string& op = w[0];
     if (op == "client") {
@@ -248,7 +223,6 @@ class Play {
         if (w[i] == "noise") o.noise = true;
         if (w[i] == "slow") o.lastDelay = 1.5;
         if (w[i] == "never") o.lastDelay = 1e9;
-        if (w[i] == "signed-off") o.signedOn = false;
         if (w[i].rfind("last=", 0) == 0) o.lastPart = w[i].substr(5);
       }
       client = std::make_unique<sim::SimClient>(d, o);
@@ -269,8 +243,6 @@ class Play {
       mail->IgnoreClicks(w[1], std::stoi(w[2]));
     } else if (op == "ignore-clicks") {
       client->IgnoreClicks(std::stoi(w[1]));
-    } else if (op == "slow") {
-      client->SetSlow(w[1], std::stod(w[2]));
     } else if (op == "room") {
       const auto form = w.size() > 2 && w[2] == "B" ? sim::RoomForm::kB : sim::RoomForm::kA;
       const auto input = w.size() > 3 && w[3] == "edit" ? sim::RoomInput::kAolEdit
@@ -279,8 +251,6 @@ class Play {
       for (const auto& t : typed) chat->Type(room, ToCodePage(t));
     } else if (op == "typed") {
       typed.push_back(w[1]);
-    } else if (op == "document") {
-      client->OpenDocument(ToCodePage(w[1]));
     } else if (op == "modal") {
       client->OpenTopLevel(aol::kModalClass, "", client->frame());
     } else if (op == "box") {
@@ -299,12 +269,6 @@ class Play {
     } else {
       ADD_FAILURE() << "unknown statement " << op;
     }
-  }
-
-  void Run(const Words& w) {
-    const auto routine = DriverRoutines().find(w.at(1));
-    ASSERT_NE(routine, DriverRoutines().end()) << "unknown routine " << w.at(1);
-    routine->second(d, Words(w.begin() + 2, w.end()), list);
   }
 
   // What the client holds: its mails, privacy saves, and the address list.
@@ -346,7 +310,7 @@ void Play::Go(const Scenario& s, const std::string& clientLine) {
   for (const std::string& line : s.setup) {
     const Words w = ScriptWords(line);
     if (w[0] == "run") {
-      run = w;
+      run.assign(w.begin() + 1, w.end());
     } else if (w[0] != "client") {
       Setup(w);
     }
@@ -368,11 +332,10 @@ void Play::Go(const Scenario& s, const std::string& clientLine) {
     if (!items.empty() && items.back().line.empty()) items.back().span = now - lastTime;
     lastTime = now;
     std::string line = e.line;
-    if (line.rfind("SendMessageA ", 0) == 0) line = "send " + line.substr(13);
-    if (line.rfind("PostMessageA ", 0) == 0) line = "post " + line.substr(13);
-    if (line.rfind("ShowWindow ", 0) == 0) line = "show " + line.substr(11);
-    if (line.rfind("GetCursorPos", 0) == 0 || line.rfind("SetCursorPos", 0) == 0) {
-      line = "cursor " + line;
+    for (const auto& [op, word] : {std::pair{"SendMessageA ", "send "}, {"PostMessageA ", "post "},
+                                   {"ShowWindow ", "show "}, {"GetCursorPos", "cursor GetCursorPos"},
+                                   {"SetCursorPos", "cursor SetCursorPos"}}) {
+      if (line.rfind(op, 0) == 0) line = word + line.substr(std::strlen(op));
     }
     items.push_back({Escaped(line)});
   });
@@ -382,11 +345,9 @@ void Play::Go(const Scenario& s, const std::string& clientLine) {
     items.back().span = CurrentClock().Now() - lastTime;
   });
   bool hung = false;
-  try {
+  {
     PumpBudget limit(budget);
-    Run(run);
-  } catch (const BudgetExhausted&) {
-    hung = true;
+    RunRoutine(d, run, list, hung);
   }
   RemovePumpHook(marker);
   d.SetTraceListener(nullptr);
@@ -399,20 +360,18 @@ void Play::Go(const Scenario& s, const std::string& clientLine) {
     events.push_back({Trimmed(Escaped(Cp1252ToUtf8(e.kind + ": " + e.detail)))});
   }
   const std::vector<std::string> holds = Holds();
-  const std::vector<Node> expected = Tree(s, s.script);
-  EXPECT_EQ(MatchNodes(expected, items, 0), items.size()) << "the script";
+  EXPECT_EQ(MatchNodes(Tree(s, s.script), items, 0), items.size()) << "the script";
   EXPECT_EQ(MatchNodes(Tree(s, s.events), events, 0), events.size()) << "the client's events";
   EXPECT_EQ(holds, s.holds) << "what the client holds";
   EXPECT_TRUE(d.Violations().empty()) << d.Violations().front();
   if (::testing::Test::HasFailure()) {
-    std::ostringstream actual;
-    actual << "actual:\nscript\n";
-    for (const Item& item : items) actual << Show(item, s) << "\n";
-    actual << "client\n";
-    for (const auto& e : events) actual << e.line << "\n";
-    actual << "holds\n";
-    for (const auto& h : holds) actual << h << "\n";
-    std::cout << actual.str() << "end of actual\n";
+    std::cout << "actual:\nscript\n";
+    for (const Item& item : items) std::cout << Show(item, s) << "\n";
+    std::cout << "client\n";
+    for (const auto& e : events) std::cout << e.line << "\n";
+    std::cout << "holds\n";
+    for (const auto& h : holds) std::cout << h << "\n";
+    std::cout << "end of actual\n";
   }
 }
 

@@ -1,10 +1,14 @@
+// The window routines' reads, which the golden scripts leave out: the client's generation and
+// screen name, how the menu texts are matched, the buddy list's text search and the glyph's frame.
 #include "client/window_routines.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
+#include "client/buddy_list.h"
 #include "client/chat_room.h"
+#include "client/client_commands.h"
 #include "client/vocabulary.h"
 #include "sim/sim_chat.h"
 #include "sim/sim_client.h"
@@ -16,6 +20,7 @@ namespace {
 
 using sim::SimClient;
 using sim::SimDesktop;
+using Lines = std::vector<std::string>;
 
 class WindowRoutinesTest : public ::testing::Test {
  protected:
@@ -61,7 +66,7 @@ TEST_F(WindowRoutinesTest, EachGenerationIsDetectedAndItsScreenNameRead) {
 }
 
 // data/window_routines.txt: the generation of clients with odd menus, the screen name of odd
-// document windows, the transfer window's texts.
+// document windows, the transfer window's texts, the entry RunMainMenu runs for a text.
 TEST_F(WindowRoutinesTest, GoldenCases) {
   using test::Args;
   test::RunCases(
@@ -74,18 +79,15 @@ TEST_F(WindowRoutinesTest, GoldenCases) {
           if (a[2] != "-") d.SetItemText(DropDown(c, 6), 0, a[2]);
           return std::to_string(ClientVersion(d));
         }},
-       {"ScreenName", [&](const Args& a) {
-          struct Frame {
-            SimDesktop& d;
-            Hwnd h;
-            ~Frame() { d.DestroyWindow(h); }
-          } frame{d, d.NewWindow(0, aol::kFrameClass, aol::kFrameCaption)};
-          const Hwnd mdi = d.NewWindow(frame.h, aol::kMdiClientUpperClass);
+       {"ScreenName", [](const Args& a) {
+          SimDesktop bare;
+          const Hwnd frame = bare.NewWindow(0, aol::kFrameClass, aol::kFrameCaption);
+          const Hwnd mdi = bare.NewWindow(frame, aol::kMdiClientUpperClass);
           for (const std::string& caption : a) {
             const bool view = caption.rfind("view:", 0) == 0;
-            d.NewWindow(mdi, view ? aol::kViewClass : aol::kChildClass, caption.substr(view ? 5 : 0));
+            bare.NewWindow(mdi, view ? aol::kViewClass : aol::kChildClass, caption.substr(view ? 5 : 0));
           }
-          return ClientScreenName(d);
+          return ClientScreenName(bare);
         }},
        {"TransferStatus", [&](const Args& a) {
           SimClient c(d, {.generation = 5});
@@ -93,6 +95,13 @@ TEST_F(WindowRoutinesTest, GoldenCases) {
           if (a[0] != "-") chat.SetTransferTexts(a[0], a[1], a[2]);
           const TransferStatus s = ReadTransferStatus(d);
           return s.percent + " | " + s.amount + " | " + s.file;
+        }},
+       {"RunMainMenu", [&](const Args& a) {
+          SimClient c(d, {.generation = std::stoi(a[0])});
+          RunMainMenu(d, a[1]);
+          std::string runs;
+          for (const std::string& entry : c.EventDetails(sim::kEventMenuItem)) runs += entry;
+          return runs;
         }}});
 }
 
@@ -103,6 +112,27 @@ TEST_F(WindowRoutinesTest, ScreenNameInAnotherCodePageComesBackAsItsBytes) {
   EXPECT_EQ(ClientScreenName(d), "\xC8\xE2\xE0\xED");
   EXPECT_EQ(FromCodePage(ClientScreenName(d)), "\u00C8\u00E2\u00E0\u00ED");
   EXPECT_EQ(LowerCodePage("\xC8" "Ab\x8A"), "\xE8" "ab\x9A");
+}
+
+TEST_F(WindowRoutinesTest, BuddyListIsFoundByAnyTextHoldingTheMark) {
+  SimClient client(d, {.generation = 3});
+  EXPECT_EQ(FindBuddyList(d), 0);
+  const Hwnd list = client.OpenDocument("someone's Buddy List Setup");
+  client.OpenDocument("Buddy list");  // in front, but no "'s Buddy List"
+  EXPECT_EQ(FindBuddyList(d), list);
+}
+
+TEST_F(WindowRoutinesTest, GlyphIsClosedOnlyUnderTheFrameWithTheTwoBlankCaption) {
+  SimClient c(d, {.generation = 5});
+  const Hwnd glyph = c.glyph();
+  d.SetText(c.frame(), "America Online");  // one blank: not the frame it looks for
+  KillGlyph(d);
+  DoEvents();
+  EXPECT_TRUE(d.Exists(glyph));
+  // Without a modal window, KillModal looks once and returns.
+  d.ClearTrace();
+  KillModal(d);
+  EXPECT_EQ(d.TraceLines(), Lines{"FindWindowA \"_AOL_Modal\" * -> 0"});
 }
 
 }  // namespace

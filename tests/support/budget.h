@@ -19,7 +19,6 @@ class PumpBudget {
   ~PumpBudget();
   PumpBudget(const PumpBudget&) = delete;
   PumpBudget& operator=(const PumpBudget&) = delete;
-  std::uint64_t used() const { return used_; }
 
  private:
   std::uint64_t limit_;

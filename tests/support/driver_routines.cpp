@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
-#include "base/prompts.h"
 #include "client/chat_room.h"
 #include "client/client_commands.h"
 #include "client/compose_mail.h"
@@ -14,23 +11,11 @@
 #include "client/upchat.h"
 #include "client/window_routines.h"
 #include "client/write_mail.h"
+#include "support/budget.h"
+#include "support/scripted_prompts.h"
 
 namespace qc::test {
 namespace {
-
-// Upchat asks nothing of the user when the client is there.
-class NoPrompts : public Prompts {
- public:
-  int MsgBox(const std::string& text, int, const std::string&) override {
-    ADD_FAILURE() << "message box: " << text;
-    return kAnswerOk;
-  }
-  std::optional<std::string> InputBox(const std::string&, const std::string&, const std::string&,
-                                      int, int) override {
-    return std::nullopt;
-  }
-  std::string BrowseForFolder(const std::string&) override { return ""; }
-};
 
 std::string Cp(const Words& a, std::size_t i) { return ToCodePage(a.at(i)); }
 
@@ -58,6 +43,16 @@ DriverRoutine ToSubjectBody() {
 template <auto Routine>
 DriverRoutine Bare() {
   return Void([](WindowSystem& ws, const Words&) { Routine(ws); });
+}
+
+// Upchat asks nothing of the user when the client is there.
+template <auto Routine>
+DriverRoutine Unasked() {
+  return Void([](WindowSystem& ws, const Words&) {
+    ScriptedPrompts prompts;
+    Routine(ws, prompts);
+    EXPECT_TRUE(prompts.boxes.empty()) << "message box: " << prompts.boxes.front().text;
+  });
 }
 
 }  // namespace
@@ -103,14 +98,8 @@ const std::map<std::string, DriverRoutine>& DriverRoutines() {
       {"CountsBlock", Void([](W& ws, const Words& a) {
          SendChatBlock(ws, [&a] { return CountsLine(a.at(0), a.at(1), a.at(2)); });
        })},
-      {"UpchatOn", Void([](W& ws, const Words&) {
-         NoPrompts prompts;
-         UpchatOn(ws, prompts);
-       })},
-      {"UpchatOff", Void([](W& ws, const Words&) {
-         NoPrompts prompts;
-         UpchatOff(ws, prompts);
-       })},
+      {"UpchatOn", Unasked<UpchatOn>()},
+      {"UpchatOff", Unasked<UpchatOff>()},
       {"ClientVersion",
        [](W& ws, const Words&, AddressVector&) { return std::to_string(ClientVersion(ws)); }},
       {"ClientScreenName",
@@ -123,6 +112,21 @@ const std::map<std::string, DriverRoutine>& DriverRoutines() {
        }},
   };
   return table;
+}
+
+std::string RunRoutine(WindowSystem& ws, const Words& run, AddressVector& list, bool& hung) {
+  hung = false;
+  const auto routine = DriverRoutines().find(run.at(0));
+  if (routine == DriverRoutines().end()) {
+    ADD_FAILURE() << "unknown routine " << run.at(0);
+    return "";
+  }
+  try {
+    return routine->second(ws, Words(run.begin() + 1, run.end()), list);
+  } catch (const BudgetExhausted&) {
+    hung = true;
+    return "";
+  }
 }
 
 }  // namespace qc::test

@@ -26,4 +26,8 @@ class AddressVector : public AddressList {
 using DriverRoutine = std::function<std::string(WindowSystem&, const Words& args, AddressVector&)>;
 const std::map<std::string, DriverRoutine>& DriverRoutines();
 
+// Plays the routine that the first word of `run` names with the words behind it. `hung` tells
+// whether a wait in it outlived the caller's budget (BudgetExhausted); an unknown name fails.
+std::string RunRoutine(WindowSystem& ws, const Words& run, AddressVector& list, bool& hung);
+
 }  // namespace qc::test

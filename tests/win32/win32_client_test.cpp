@@ -27,6 +27,25 @@ std::string HereFolder() {
   return p.substr(0, p.find_last_of("\\/") + 1);
 }
 
+// A real file for the attach dialogs, in the temporary folder.
+const std::string& RealFile() {
+  static const std::string path = [] {
+    char folder[MAX_PATH] = {};
+    ::GetTempPathA(MAX_PATH, folder);
+    std::string p = std::string(folder) + "Artist - Title.mp3";
+    std::ofstream(p, std::ios::binary) << std::string(4096, '\xFF');
+    return p;
+  }();
+  return path;
+}
+
+std::string WithFile(std::string text, const std::string& file) {
+  for (auto at = text.find("FILE"); at != std::string::npos; at = text.find("FILE", at + 1)) {
+    text.replace(at, 4, file);
+  }
+  return text;
+}
+
 struct Scenario {
   std::string name;
   bool inProcess = false;
@@ -43,6 +62,7 @@ struct Scenario {
 
 void PrintTo(const Scenario& s, std::ostream* out) { *out << s.name; }
 
+// FILE in the run words is the real file's path; in holds, the path as the double writes it.
 std::vector<Scenario> LoadScenarios() {
   std::vector<Scenario> all;
   std::ifstream in(HereFolder() + "win32_scenarios.txt", std::ios::binary);
@@ -63,33 +83,17 @@ std::vector<Scenario> LoadScenarios() {
     if (op == "double") s.setup = test::ScriptWords(rest);
     if (op == "list") s.list = test::ScriptWords(rest);
     if (op == "budget") s.budgetSeconds = std::stod(rest);
-    if (op == "run") s.run = test::ScriptWords(rest);
+    if (op == "run") {
+      s.run = test::ScriptWords(rest);
+      for (std::string& w : s.run) w = WithFile(w, RealFile());
+    }
     if (op == "waits") s.waits = true;
     if (op == "result") s.result = test::ScriptWords(rest).at(0);
-    if (op == "hold") s.holds.push_back(rest);
+    if (op == "hold") s.holds.push_back(WithFile(rest, sim::Escaped(RealFile())));
     if (op == "event") s.events.push_back(rest);
     if (op == "same-trace") s.sameTrace = true;
   }
   return all;
-}
-
-// A real file for the attach dialogs, in the temporary folder.
-const std::string& RealFile() {
-  static const std::string path = [] {
-    char folder[MAX_PATH] = {};
-    ::GetTempPathA(MAX_PATH, folder);
-    std::string p = std::string(folder) + "Artist - Title.mp3";
-    std::ofstream(p, std::ios::binary) << std::string(4096, '\xFF');
-    return p;
-  }();
-  return path;
-}
-
-std::string WithFile(std::string text, const std::string& file) {
-  for (auto at = text.find("FILE"); at != std::string::npos; at = text.find("FILE", at + 1)) {
-    text.replace(at, 4, file);
-  }
-  return text;
 }
 
 // Waits in the drivers never give up; across processes a run that would hang fails after this
@@ -200,85 +204,58 @@ std::string Shown(const std::vector<std::string>& lines) {
   return out;
 }
 
+// The double in this process, on this thread, under a virtual clock that lets the waits pass
+// without sleeping: with its windows, which this thread's pump serves, for the Win32 backend to
+// drive; without, the model alone, driven straight, for the messages it receives.
+std::vector<std::string> PlayInProcess(const Scenario& s, bool windows, std::string& result,
+                                       bool& hung) {
+  test::VirtualTime time;
+  sim::ClientDouble client(sim::ParseSetup(s.setup), windows);
+  Win32WindowSystem ws;
+  if (windows) SetEventProcessor([&client] { client.mirror()->PumpMessages(); });
+  for (int i = 0; i < 50; ++i) WaitEvents();
+  client.desktop().ClearTrace();
+  {
+    test::PumpBudget budget(static_cast<std::uint64_t>(s.budgetSeconds * 10000));
+    test::AddressVector list;
+    list.items = s.list;
+    result = test::RunRoutine(windows ? static_cast<WindowSystem&>(ws) : client.desktop(), s.run,
+                              list, hung);
+  }
+  Pause(1.0);  // what the client does with the last messages
+  SetEventProcessor({});
+  return client.Report();
+}
+
 class Win32Scenario : public ::testing::TestWithParam<Scenario> {
  protected:
   void TearDown() override {
     SetEventProcessor({});
     SetEventWaiter({});
   }
-
-  // Runs the scenario's routine until it returns or its budget runs out.
-  std::string Run(WindowSystem& ws, bool& hung) {
-    const Scenario& s = GetParam();
-    Words args(s.run.begin() + 1, s.run.end());
-    for (std::string& a : args) a = WithFile(a, RealFile());
-    list_.items = s.list;
-    const auto routine = test::DriverRoutines().find(s.run.at(0));
-    if (routine == test::DriverRoutines().end()) {
-      ADD_FAILURE() << "unknown routine " << s.run.at(0);
-      return "";
-    }
-    std::string result;
-    hung = false;
-    try {
-      result = routine->second(ws, args, list_);
-    } catch (const test::BudgetExhausted&) {
-      hung = true;
-    }
-    return result;
-  }
-
-  test::AddressVector list_;
 };
-
-// The same run against the simulated client in this process, for its messages.
-std::vector<std::string> InProcessTrace(const Scenario& s, const Words& args) {
-  test::VirtualTime time;
-  sim::ClientDouble model(sim::ParseSetup(s.setup), /*withWindows=*/false);
-  for (int i = 0; i < 50; ++i) WaitEvents();
-  model.desktop().ClearTrace();
-  {
-    test::PumpBudget budget(2'000'000);
-    test::AddressVector list;
-    list.items = s.list;
-    test::DriverRoutines().at(s.run.at(0))(model.desktop(), args, list);
-    Pause(1.0);
-  }
-  return Section(model.Report(), "trace");
-}
 
 TEST_P(Win32Scenario, DoubleHoldsWhatTheDriverDid) {
   const Scenario& s = GetParam();
   std::string unknown;
   sim::ParseSetup(s.setup, &unknown);
   ASSERT_EQ(unknown, "") << "unknown setup words";
-  Win32WindowSystem ws;
   bool hung = false;
   std::string result;
   std::vector<std::string> report;
   std::uint64_t pumps = PumpCount();
   if (s.inProcess) {
-    // The double's windows in this process, on this thread: this thread's pump takes its posted
-    // messages, and a virtual clock lets the waits pass without sleeping.
-    test::VirtualTime time;
-    sim::ClientDouble client(sim::ParseSetup(s.setup));
-    SetEventProcessor([&client] { client.mirror()->PumpMessages(); });
-    for (int i = 0; i < 50; ++i) WaitEvents();
-    client.desktop().ClearTrace();
-    {
-      test::PumpBudget budget(static_cast<std::uint64_t>(s.budgetSeconds * 10000));
-      result = Run(ws, hung);
-    }
-    for (int i = 0; i < 200; ++i) WaitEvents();
-    report = client.Report();
-    SetEventProcessor({});
+    report = PlayInProcess(s, /*windows=*/true, result, hung);
   } else {
     SetEventProcessor(&Win32ProcessMessages);
     SetEventWaiter(&Win32WaitForMessages);
     DoubleProcess client(s.setup);
     {
       WallBudget budget(s.budgetSeconds);
-      result = Run(ws, hung);
+      Win32WindowSystem ws;
+      test::AddressVector list;
+      list.items = s.list;
+      result = test::RunRoutine(ws, s.run, list, hung);
     }
     Pause(1.0);  // what the client does with the last messages
     report = client.Report();
@@ -292,18 +269,17 @@ TEST_P(Win32Scenario, DoubleHoldsWhatTheDriverDid) {
   if (s.result) {
     EXPECT_EQ(result, *s.result);
   }
-  std::vector<std::string> holds;
-  for (const std::string& h : s.holds) holds.push_back(WithFile(h, sim::Escaped(RealFile())));
-  EXPECT_EQ(Section(report, "hold"), holds) << told;
+  EXPECT_EQ(Section(report, "hold"), s.holds) << told;
   const std::vector<std::string> events = Section(report, "event");
   for (const std::string& e : s.events) {
     EXPECT_NE(std::find(events.begin(), events.end(), e), events.end()) << e << told;
   }
   EXPECT_EQ(Section(report, "violation"), std::vector<std::string>{}) << told;
   if (s.sameTrace) {
-    Words args(s.run.begin() + 1, s.run.end());
-    for (std::string& a : args) a = WithFile(a, RealFile());
-    const std::vector<std::string> reference = InProcessTrace(s, args);
+    std::string ignored;
+    bool alsoHung = false;
+    const std::vector<std::string> reference =
+        Section(PlayInProcess(s, /*windows=*/false, ignored, alsoHung), "trace");
     EXPECT_EQ(Folded(Section(report, "trace")), Folded(reference))
         << "the double received:\n" << Shown(Section(report, "trace"))
         << "the simulated client in this process:\n" << Shown(reference);

@@ -1,11 +1,15 @@
 // The tag block at the end of a file: its bytes, where it is found, how it is written, the
-// failures of files too short to hold one, and no descriptor left behind.
+// failures of files too short to hold one, and no descriptor left behind; the code page and the
+// genre names of its texts.
 #include <gtest/gtest.h>
 
 #include <fstream>
 
+#include "base/cp1252.h"
 #include "base/failure.h"
+#include "codec/genres.h"
 #include "codec/id3v1.h"
+#include "support/cases.h"
 #include "support/files.h"
 
 namespace qc::test {
@@ -149,6 +153,30 @@ TEST_F(Codec, ManyCallsIncludingFailuresLeaveNoDescriptorOpen) {
   }
   EXPECT_EQ(failures, 3000);
   EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST(Cp1252, AllBytesRoundTripExactly) {
+  std::string all;
+  for (int b = 0; b < 256; ++b) all += static_cast<char>(b);
+  EXPECT_EQ(Utf8ToCp1252(Cp1252ToUtf8(all)), all);
+}
+
+// data/text.txt.
+TEST(TagText, GoldenCases) {
+  RunCases(
+      QC_TEST_DATA_DIR "/text.txt",
+      {{"FromCp1252", [](const Args& a) { return Cp1252ToUtf8(a[0]); }},
+       {"ToCp1252", [](const Args& a) { return Utf8ToCp1252(a[0]); }},
+       {"GenreName", [](const Args& a) { return GenreNameOf(static_cast<unsigned>(std::stoi(a[0]))); }},
+       {"GenreNumber", [](const Args& a) { return std::to_string(GenreNumberOf(a[0])); }}});
+}
+
+TEST(Genres, EachNameReadsAndWritesItsOwnNumberButRockAndFolk) {
+  for (int g = 0; g < kGenreCount; ++g) {
+    const std::string name(GenreNames()[g]);
+    EXPECT_EQ(GenreNameOf(static_cast<unsigned>(g)), name);
+    EXPECT_EQ(GenreNumberOf(name), name == "Rock" ? 1 : name == "Folk" ? 53 : g) << name;
+  }
 }
 
 }  // namespace
