@@ -147,7 +147,17 @@ class ScenarioPlayer : public RunRig {
         ADD_FAILURE() << "no " << op << " " << w[1];
         return;
       }
-      Step([&] { item ? item->trigger() : emit control->clicked(); });
+      // An option item through trigger(), which toggles it; any other by its signal, since a
+      // failure unwinding through trigger() leaks what its guard holds.
+      Step([&] {
+        if (control) {
+          emit control->clicked();
+        } else if (item->isCheckable()) {
+          item->trigger();
+        } else {
+          emit item->triggered();
+        }
+      });
     } else if (op == "greet" || op == "goodbye") {
       Step([&] { (op == "greet" ? SendStartBlock : SendEndBlock)(frm, desktop); });
     } else if (op == "bytes") {

@@ -4,12 +4,10 @@
 #include <QLabel>
 #include <gtest/gtest.h>
 
-#include "ui/secondary_window.h"
 #include "shell/frm_about.h"
 #include "shell/skin_art.h"
 #include "shell/skin_layout.h"
 #include "support/qt_events.h"
-#include "qstring_print.h"
 
 namespace qc {
 namespace {
