@@ -20,8 +20,7 @@ namespace fs = std::filesystem;
 class Codec : public ::testing::Test {
  protected:
   std::string Make(const std::string& name, const std::string& bytes) {
-    WriteBytes(dir_ / name, bytes);
-    return dir_ / name;
+    return dir_.Make(name, bytes);
   }
   TempDir dir_;
 };

@@ -77,4 +77,9 @@ std::vector<TableRow> ReadTable(const std::string& path) {
   return rows;
 }
 
+std::string TempDir::Make(const std::string& name, const std::string& bytes) const {
+  WriteBytes(*this / name, bytes);
+  return *this / name;
+}
+
 }  // namespace qc::test

@@ -18,6 +18,8 @@ class TempDir {
   TempDir& operator=(const TempDir&) = delete;
   const std::string& path() const { return path_; }
   std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+  // Writes the bytes to the name in the folder (folders on the way made) and gives its path.
+  std::string Make(const std::string& name, const std::string& bytes) const;
 
  private:
   std::string path_;

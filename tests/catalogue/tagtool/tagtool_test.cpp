@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 class TagTool : public ::testing::Test {
  protected:
   std::string Make(const std::string& name, const std::string& bytes) {
-    WriteBytes(dir / name, bytes);
-    return dir / name;
+    return dir.Make(name, bytes);
   }
   TempDir dir;
 };
